@@ -1,0 +1,101 @@
+#pragma once
+
+#include "model/Signal.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+/// A point and a rectangle in points, with the origin at the bottom left and y upward: the
+/// coordinates in which the program places its windows. They are relative to the bottom left corner
+/// of the screen that the status item is on; the backend turns them over, once.
+struct Point {
+    double x = 0;
+    double y = 0;
+
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Rect {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    double left() const { return x; }
+    double right() const { return x + width; }
+    double bottom() const { return y; }
+    double top() const { return y + height; }
+    double middleX() const { return x + width / 2; }
+    double middleY() const { return y + height / 2; }
+
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+/// One line of a menu; an empty title is a separator.
+struct MenuItem {
+    std::string title;
+    /// The key that chooses it together with Command, empty for none.
+    std::string keyEquivalent;
+    std::function<void()> action;
+};
+
+/// The program's item in the status bar (the tray).
+class StatusItem {
+public:
+    virtual ~StatusItem() = default;
+
+    /// Shows one of the program's own symbols ("doc.on.clipboard", "lock.doc").
+    virtual void setImage(std::string_view symbol) = 0;
+    /// The text beside the icon: empty, or a blank and a number.
+    virtual void setTitle(std::string_view title) = 0;
+    /// The menu of a right click; asked for anew each time that it opens.
+    virtual void setMenu(std::function<std::vector<MenuItem>()> menu) = 0;
+
+    /// The user clicked it with the left button.
+    Signal<> clicked;
+};
+
+/// The screen that the status item is on.
+class Screens {
+public:
+    virtual ~Screens() = default;
+
+    /// The part of the screen that no bar covers.
+    virtual Rect visibleFrame() const = 0;
+    /// The status item's own rectangle: the icon's, else around the place of the last click on it,
+    /// else at the right end of the visible frame's top edge.
+    virtual Rect statusItemFrame() const = 0;
+};
+
+/// A window of ours that is placed, shown and hidden by the program.
+class PlacedWindow {
+public:
+    virtual ~PlacedWindow() = default;
+
+    virtual Rect frame() const = 0;
+    virtual void setFrame(const Rect& frame) = 0;
+    /// Shows it above all others; a window that takes keys gets the keyboard.
+    virtual void show() = 0;
+    /// Hides it. A window that had the keyboard gives it up.
+    virtual void hide() = 0;
+    virtual bool isVisible() const = 0;
+};
+
+/// Tells of mouse presses while the panel is open.
+class OutsideClicks {
+public:
+    virtual ~OutsideClicks() = default;
+
+    /// Begins and ends to watch.
+    virtual void watch() = 0;
+    virtual void unwatch() = 0;
+
+    /// The left or right button was pressed outside every window of ours.
+    Signal<> pressed;
+};
+
+} // namespace korvane

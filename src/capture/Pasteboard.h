@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/Signal.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+/// The desktop's general clipboard (on X11 the CLIPBOARD selection; PRIMARY is not a copy).
+class Pasteboard {
+public:
+    /// What is on the clipboard.
+    struct Contents {
+        /// Its owner marked it as a secret ("x-kde-passwordManagerHint" with the value "secret").
+        /// Nothing else of a secret is fetched.
+        bool isSecret = false;
+        /// The "text/uri-list" as it was read, where one is offered (RFC 2483).
+        std::optional<std::string> uriList;
+        /// The text, where one is offered: valid UTF-8, without NUL.
+        std::optional<std::string> text;
+    };
+    using Answer = std::function<void(std::optional<Contents>)>;
+
+    virtual ~Pasteboard() = default;
+
+    /// Rises whenever the contents change, by us or by anyone, as soon as that is known.
+    virtual std::int64_t changeCount() const = 0;
+    /// Fetches the contents and answers on the main loop, once, never before this returns: with
+    /// nothing when the owner has gone, the contents have changed meanwhile, or the owner kept
+    /// silent for two seconds. Never waits. Several reads may be under way.
+    virtual void read(Answer answer) = 0;
+    /// Replaces the contents by a text; the change has been counted, once, when this returns.
+    virtual void writeText(std::string_view text) = 0;
+
+    /// The count has risen because of another program.
+    Signal<> changed;
+    /// The program that owned the contents has ended and they are gone with it (a program that
+    /// clears the clipboard on purpose does not count).
+    Signal<> ownerVanished;
+};
+
+} // namespace korvane

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "model/ClipItem.h"
+#include "model/MainLoop.h"
+#include "model/PanelState.h"
+#include "model/Signal.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+class Log;
+class Preferences;
+
+/// The clipboard history: one list of clips, newest first, its three limits, and the panel's state.
+/// Every change is on the disk before the operation returns. No operation fails towards its caller:
+/// an unknown identifier is ignored, and a file that cannot be written leaves the list as it is.
+class ClipStore {
+public:
+    /// Prepares the folders, reads the limits, loads the history. Nothing is evicted here: a
+    /// history above the limits is trimmed by the next `add` or change of a limit.
+    /// @param dataFolder  the folder of "clips.json" and "overflow"; made where it is missing
+    ClipStore(std::filesystem::path dataFolder, Preferences& preferences, MainLoop& loop, Log& log);
+    ~ClipStore();
+    ClipStore(const ClipStore&) = delete;
+    ClipStore& operator=(const ClipStore&) = delete;
+
+    /// Newest first. Valid until the next operation that changes the list.
+    const std::vector<ClipItem>& clips() const;
+    /// The clips that the panel shows: in its tab, and with its search text in their text, source
+    /// application or own name. Computed at every call, in the order of the history. The pointers
+    /// are valid until the next operation that changes the list.
+    std::vector<const ClipItem*> filteredClips() const;
+    /// The first clip with this identifier, or none.
+    const ClipItem* find(const ClipId& id) const;
+
+    /// Puts a new clip on top, unless the newest unpinned clip has the same text; then evicts what
+    /// breaks the limits. A text above the size limit goes to a file of its own.
+    void add(ClipItem clip);
+    void togglePin(const ClipId& id);
+    /// An empty name removes the clip's name; a blank one is kept as it is.
+    void rename(const ClipId& id, std::string_view name);
+    /// Removes every clip with this identifier, pinned or not, and the given clip's overflow file.
+    void deleteClip(const ClipItem& clip);
+    /// Counts one use. The clip keeps its place.
+    void markUsed(const ClipId& id);
+    /// Removes all but the pinned clips.
+    void clearUnpinned();
+
+    int maxClips() const;
+    int maxClipSizeKB() const;
+    int maxTotalSizeMB() const;
+    void setMaxClips(int count);
+    /// Holds for later clips only; no clip is converted.
+    void setMaxClipSizeKB(int kilobytes);
+    void setMaxTotalSizeMB(int megabytes);
+    /// Evicts the lowest unpinned clips until count and size limits hold. Pinned clips stay, even
+    /// when they alone break a limit. The caller saves.
+    void enforceLimits();
+    /// What counts against `maxTotalSizeMB`, in bytes: an overflow clip weighs its whole content.
+    std::int64_t totalBytes() const;
+
+    /// What copying and pasting must use: the overflow file's content, or the clip's text where
+    /// there is none or it cannot be read as UTF-8.
+    std::string fullText(const ClipItem& clip) const;
+
+    /// The clip last put back from the panel, and when.
+    const std::optional<ClipId>& lastUsedID() const;
+    std::optional<TimePoint> lastUsedTimestamp() const;
+
+    /// "clips.json".
+    const std::filesystem::path& fileURL() const;
+    const std::filesystem::path& overflowDir() const;
+
+    PanelState& panel();
+    const PanelState& panel() const;
+
+    /// The list has changed and the file agrees with it; once for each operation.
+    Signal<> clipsChanged;
+};
+
+} // namespace korvane
