@@ -72,14 +72,17 @@ public:
         if (m_value == value)
             return;
         m_value = std::move(value);
-        m_changed(m_value);
+        const T told = m_value; // a slot may destroy us
+        m_changed(told);
     }
 
     /// Calls the slot with the present value at once, and with every later one.
     Connection observe(std::function<void(const T&)> slot)
     {
-        slot(m_value);
-        return m_changed.connect(std::move(slot));
+        auto connection = m_changed.connect(slot);
+        const T told = m_value; // the slot may destroy us
+        slot(told);
+        return connection;
     }
 
     /// Calls the slot with every later value only.
