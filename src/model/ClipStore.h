@@ -1,8 +1,12 @@
 #pragma once
 
 #include "model/ClipItem.h"
+#include "model/HistoryFile.h"
+#include "model/Limits.h"
 #include "model/MainLoop.h"
+#include "model/OverflowFiles.h"
 #include "model/PanelState.h"
+#include "model/SearchKeys.h"
 #include "model/Signal.h"
 
 #include <cstdint>
@@ -41,7 +45,9 @@ public:
 
     /// Puts a new clip on top, unless the newest unpinned clip has the same text; then evicts what
     /// breaks the limits. A text above the size limit goes to a file of its own.
-    void add(ClipItem clip);
+    /// @return the clip that stands for it now: itself, or the one with the same text; none when its
+    ///         file could not be written
+    std::optional<ClipId> add(ClipItem clip);
     void togglePin(const ClipId& id);
     /// An empty name removes the clip's name; a blank one is kept as it is.
     void rename(const ClipId& id, std::string_view name);
@@ -82,6 +88,29 @@ public:
 
     /// The list has changed and the file agrees with it; once for each operation.
     Signal<> clipsChanged;
+
+private:
+    void saveAndTell();
+    void insertFirst(ClipItem clip);
+    /// Removes the clips for whose index the answer is true, and their keys; how many those were.
+    template <typename IsGone>
+    std::size_t removeWhere(const IsGone& isGone);
+    /// The index of the first clip with this identifier; the size of the list when there is none.
+    std::size_t indexOf(const ClipId& id) const;
+    const ClipItem* newestUnpinned() const;
+    void makeKeysSoon();
+
+    Preferences& m_preferences;
+    MainLoop& m_loop;
+    HistoryFile m_history;
+    OverflowFiles m_overflow;
+    Limits m_limits;
+    std::vector<ClipItem> m_clips;
+    mutable SearchKeys m_keys; // one for each clip; missing ones are made when they are needed
+    std::optional<ClipId> m_lastUsedID;
+    std::optional<TimePoint> m_lastUsedTimestamp;
+    PanelState m_panel;
+    Timer m_makingKeys;
 };
 
 } // namespace korvane

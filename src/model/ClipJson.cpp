@@ -1,0 +1,288 @@
+#include "model/ClipJson.h"
+
+#include "model/Files.h"
+#include "model/IsoDate.h"
+#include "model/JsonToken.h"
+
+#include <simdjson.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+    namespace json = simdjson::ondemand;
+
+    /// How deep a value that is passed over may be nested.
+    constexpr int deepestNesting = 512;
+
+    /// The known keys, in the order in which we write them.
+    enum Key : std::size_t {
+        id,
+        text,
+        type,
+        sourceApp,
+        createdAt,
+        isPinned,
+        customName,
+        useCount,
+        isOverflow,
+        overflowPath,
+        overflowByteCount,
+        hasEmoji
+    };
+    constexpr std::array<std::string_view, 12> keyNames { "id", "text", "type", "sourceApp",
+        "createdAt", "isPinned", "customName", "useCount", "isOverflow", "overflowPath",
+        "overflowByteCount", "hasEmoji" };
+    constexpr unsigned requiredKeys
+        = 1U << id | 1U << text | 1U << type | 1U << createdAt | 1U << isPinned | 1U << useCount;
+
+    /// Which key this is, when it is written without escapes; else the number of keys. Most records
+    /// were written by us, so the search begins where our order leads one to expect the key.
+    std::size_t knownKey(json::raw_json_string written, std::size_t expected)
+    {
+        for (std::size_t i = 0; i < keyNames.size(); ++i) {
+            const auto index = (expected + i) % keyNames.size();
+            if (written.unsafe_is_equal(keyNames[index]))
+                return index;
+        }
+        return keyNames.size();
+    }
+
+    /// The keys that a record has had.
+    struct SeenKeys {
+        unsigned known = 0;
+        std::set<std::string, std::less<>> unknown;
+    };
+
+    template <typename T>
+    bool assign(T& field, std::optional<T> value)
+    {
+        if (value)
+            field = std::move(*value);
+        return value.has_value();
+    }
+
+    template <typename T>
+    bool assignPresent(std::optional<T>& field, std::optional<T> value)
+    {
+        field = std::move(value);
+        return field.has_value();
+    }
+
+    /// Reads one document. The parser finds the tokens and checks the encoding of all of them; what
+    /// stands inside and between them it checks only where it is asked for, so every value is
+    /// visited, those that nobody needs as well.
+    class Reader {
+    public:
+        std::optional<std::vector<ClipItem>> read(const FileBytes& document);
+
+    private:
+        bool readClip(json::object record, ClipItem& clip);
+        bool readOther(
+            json::raw_json_string key, json::value value, SeenKeys& seen, ClipItem& clip);
+        bool readKnown(std::size_t index, json::value value, SeenKeys& seen, ClipItem& clip);
+        bool readField(Key key, std::string_view token, ClipItem& clip);
+        bool checkValue(json::value value, int depth);
+        bool checkArray(json::value value, int depth);
+        bool checkObject(json::value value, int depth);
+
+        /// A text without its escapes, until the next one is read.
+        std::optional<std::string_view> unescaped(json::raw_json_string text);
+        /// The text that a token stands for, until the next one is read.
+        std::optional<std::string_view> viewed(std::string_view token);
+        std::optional<std::string> textOf(std::string_view token);
+        /// What a text stands for.
+        template <typename Parse>
+        auto parsed(std::string_view token, Parse parse)
+        {
+            const auto view = viewed(token);
+            return view ? parse(*view) : std::nullopt;
+        }
+
+        json::parser m_parser;
+        /// Where a text loses its escapes; as large as the document, which no text outgrows.
+        std::unique_ptr<std::uint8_t[]> m_scratch;
+    };
+
+    std::optional<std::vector<ClipItem>> Reader::read(const FileBytes& document)
+    {
+        static_assert(FileBytes::spareBytes >= simdjson::SIMDJSON_PADDING);
+        const auto bytes = document.view();
+        const auto roomy = bytes.size() + simdjson::SIMDJSON_PADDING;
+        m_scratch = std::make_unique_for_overwrite<std::uint8_t[]>(roomy);
+
+        json::document parsed;
+        json::array list;
+        if (m_parser.iterate(bytes.data(), bytes.size(), roomy).get(parsed)
+            || parsed.get_array().get(list))
+            return std::nullopt;
+        std::size_t count = 0;
+        if (list.count_elements().get(count))
+            return std::nullopt;
+        std::vector<ClipItem> clips;
+        clips.reserve(count);
+        for (auto element : list) {
+            json::object record;
+            if (element.get_object().get(record) || !readClip(record, clips.emplace_back()))
+                return std::nullopt;
+        }
+        // Something behind the array would have a place.
+        if (parsed.current_location().error() != simdjson::OUT_OF_BOUNDS)
+            return std::nullopt;
+        return clips;
+    }
+
+    bool Reader::readClip(json::object record, ClipItem& clip)
+    {
+        SeenKeys seen;
+        std::size_t expected = 0;
+        for (auto field : record) {
+            json::raw_json_string key;
+            json::value value;
+            if (field.key().get(key) || field.value().get(value))
+                return false;
+            const auto index = knownKey(key, expected);
+            expected = index + 1;
+            if (index < keyNames.size() ? !readKnown(index, value, seen, clip)
+                                        : !readOther(key, value, seen, clip))
+                return false;
+        }
+        return (seen.known & requiredKeys) == requiredKeys;
+    }
+
+    bool Reader::readOther(
+        json::raw_json_string key, json::value value, SeenKeys& seen, ClipItem& clip)
+    {
+        const auto name = unescaped(key);
+        if (!name)
+            return false;
+        // A known key may hide behind escapes.
+        const auto* const found = std::find(keyNames.begin(), keyNames.end(), *name);
+        if (found != keyNames.end())
+            return readKnown(static_cast<std::size_t>(found - keyNames.begin()), value, seen, clip);
+        return seen.unknown.emplace(*name).second && checkValue(value, 1);
+    }
+
+    bool Reader::readKnown(std::size_t index, json::value value, SeenKeys& seen, ClipItem& clip)
+    {
+        const auto mark = 1U << index;
+        const bool isRepeated = (seen.known & mark) != 0;
+        seen.known |= mark;
+        return !isRepeated && readField(static_cast<Key>(index), value.raw_json_token(), clip);
+    }
+
+    bool Reader::readField(Key key, std::string_view token, ClipItem& clip)
+    {
+        switch (key) {
+        case id:
+            return assign(clip.id, parsed(token, ClipId::parse));
+        case text:
+            return assign(clip.text, textOf(token));
+        case type:
+            return assign(clip.type, parsed(token, clipTypeFrom));
+        case createdAt:
+            return assign(clip.createdAt, parsed(token, parseIsoDate));
+        case isPinned:
+            return assign(clip.isPinned, jsonBoolean(token));
+        case useCount:
+            return assign(clip.useCount, jsonInteger(token));
+        case sourceApp:
+            return isJsonNull(token) || assignPresent(clip.sourceApp, textOf(token));
+        case customName:
+            return isJsonNull(token) || assignPresent(clip.customName, textOf(token));
+        case isOverflow:
+            return isJsonNull(token) || assign(clip.isOverflow, jsonBoolean(token));
+        case overflowPath:
+            return isJsonNull(token) || assignPresent(clip.overflowPath, textOf(token));
+        case overflowByteCount:
+            return isJsonNull(token) || assignPresent(clip.overflowByteCount, jsonInteger(token));
+        case hasEmoji:
+            return isJsonNull(token) || assign(clip.hasEmoji, jsonBoolean(token));
+        }
+        return false;
+    }
+
+    bool Reader::checkValue(json::value value, int depth)
+    {
+        const std::string_view token = value.raw_json_token();
+        if (depth > deepestNesting)
+            return false;
+        switch (token.front()) {
+        case '[':
+            return checkArray(value, depth);
+        case '{':
+            return checkObject(value, depth);
+        case '"':
+            return viewed(token).has_value();
+        default:
+            return isJsonScalar(token);
+        }
+    }
+
+    bool Reader::checkArray(json::value value, int depth)
+    {
+        json::array array;
+        if (value.get_array().get(array))
+            return false;
+        for (auto element : array) {
+            json::value inner;
+            if (element.get(inner) || !checkValue(inner, depth + 1))
+                return false;
+        }
+        return true;
+    }
+
+    bool Reader::checkObject(json::value value, int depth)
+    {
+        json::object object;
+        if (value.get_object().get(object))
+            return false;
+        for (auto field : object) {
+            std::string_view key;
+            json::value inner;
+            if (field.unescaped_key().get(key) || field.value().get(inner)
+                || !checkValue(inner, depth + 1))
+                return false;
+        }
+        return true;
+    }
+
+    std::optional<std::string_view> Reader::viewed(std::string_view token)
+    {
+        if (token.empty() || token.front() != '"')
+            return std::nullopt;
+        token = bareToken(token);
+        if (token.find('\\') == std::string_view::npos)
+            return token.substr(1, token.size() - 2); // the parser has found the closing quote
+        const auto* const begin = reinterpret_cast<const std::uint8_t*>(token.data()) + 1;
+        return unescaped(json::raw_json_string(begin));
+    }
+
+    std::optional<std::string_view> Reader::unescaped(json::raw_json_string text)
+    {
+        auto* end = m_scratch.get();
+        std::string_view view;
+        return m_parser.unescape(text, end).get(view) ? std::nullopt : std::optional(view);
+    }
+
+    std::optional<std::string> Reader::textOf(std::string_view token)
+    {
+        const auto view = viewed(token);
+        return view ? std::optional<std::string>(*view) : std::nullopt;
+    }
+
+} // namespace
+
+std::optional<std::vector<ClipItem>> decodeClips(const FileBytes& document)
+{
+    return Reader().read(document);
+}
+
+} // namespace korvane

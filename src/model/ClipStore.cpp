@@ -1,0 +1,307 @@
+#include "model/ClipStore.h"
+
+#include "model/Classifier.h"
+#include "model/Files.h"
+#include "model/Preferences.h"
+#include "model/SearchText.h"
+#include "model/Text.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+    using namespace std::chrono_literals;
+
+    // Keys of a loaded history are made in pieces of a few milliseconds, so that no key press waits.
+    constexpr std::size_t keyBytesAtOnce = 512 * 1024;
+    constexpr std::int64_t bytesInKibibyte = 1024;
+
+    void repair(std::optional<std::string>& text)
+    {
+        if (text)
+            text = repairedUtf8(std::move(*text));
+    }
+
+    /// Text comes from other programs and from file names, and the history holds only UTF-8: what is
+    /// not is repaired here, so that list and file say the same.
+    void repair(ClipItem& clip)
+    {
+        clip.text = repairedUtf8(std::move(clip.text));
+        repair(clip.sourceApp);
+        repair(clip.customName);
+    }
+
+} // namespace
+
+ClipStore::ClipStore(
+    std::filesystem::path dataFolder, Preferences& preferences, MainLoop& loop, Log& log)
+    : m_preferences(preferences)
+    , m_loop(loop)
+    , m_history(dataFolder / "clips.json")
+    , m_overflow(dataFolder / "overflow", log)
+    , m_limits(readLimits(preferences))
+    , m_keys(currentLocaleId())
+{
+    // Without the folders nothing can be written; that shows at the first write, and a later write
+    // tries to make them again.
+    static_cast<void>(makeFolder(dataFolder));
+    static_cast<void>(makeFolder(m_overflow.folder()));
+    AtomicFile::removeLeftover(dataFolder);
+    AtomicFile::removeLeftover(m_overflow.folder());
+    m_clips = m_history.load();
+    m_keys.reset(m_clips.size());
+    makeKeysSoon();
+}
+
+ClipStore::~ClipStore() = default;
+
+const std::vector<ClipItem>& ClipStore::clips() const
+{
+    return m_clips;
+}
+
+std::vector<const ClipItem*> ClipStore::filteredClips() const
+{
+    const auto tab = m_panel.panelFilterTab.value();
+    const SearchNeedle needle(m_panel.panelSearch.value(), m_keys.localeId());
+    if (!needle.isEmpty())
+        m_keys.makeAll(m_clips);
+
+    std::vector<const ClipItem*> shown;
+    for (std::size_t i = 0; i < m_clips.size(); ++i) {
+        const auto& clip = m_clips[i];
+        if (contains(tab, clip) && (needle.isEmpty() || needle.occursIn(m_keys.key(i))))
+            shown.push_back(&clip);
+    }
+    return shown;
+}
+
+const ClipItem* ClipStore::find(const ClipId& id) const
+{
+    const auto index = indexOf(id);
+    return index < m_clips.size() ? &m_clips[index] : nullptr;
+}
+
+std::optional<ClipId> ClipStore::add(ClipItem clip)
+{
+    repair(clip);
+    const auto bytes = static_cast<std::int64_t>(clip.text.size());
+    if (bytes > m_limits.maxClipSizeKB * bytesInKibibyte) {
+        if (!m_overflow.divert(clip))
+            return std::nullopt;
+    } else {
+        if (const auto* newest = newestUnpinned();
+            newest && canonicallyEqual(newest->text, clip.text))
+            return newest->id;
+        clip.hasEmoji = containsEmoji(clip.text);
+    }
+    const auto id = clip.id;
+    insertFirst(std::move(clip));
+    enforceLimits();
+    saveAndTell();
+    return id;
+}
+
+void ClipStore::togglePin(const ClipId& id)
+{
+    const auto index = indexOf(id);
+    if (index == m_clips.size())
+        return;
+    m_clips[index].isPinned = !m_clips[index].isPinned;
+    saveAndTell();
+}
+
+void ClipStore::rename(const ClipId& id, std::string_view name)
+{
+    const auto index = indexOf(id);
+    if (index == m_clips.size())
+        return;
+    auto repaired = repairedUtf8(std::string(name));
+    const auto customName = repaired.empty() ? std::nullopt : std::optional(std::move(repaired));
+    if (m_clips[index].customName == customName)
+        return;
+    m_clips[index].customName = customName;
+    m_keys.update(index, m_clips[index]);
+    saveAndTell();
+}
+
+void ClipStore::deleteClip(const ClipItem& clip)
+{
+    const auto id = clip.id; // the clip may be one of ours, and soon be gone
+    m_overflow.remove(clip);
+    if (removeWhere([&](std::size_t i) { return m_clips[i].id == id; }) > 0)
+        saveAndTell();
+}
+
+void ClipStore::markUsed(const ClipId& id)
+{
+    const auto index = indexOf(id);
+    if (index == m_clips.size())
+        return;
+    auto& count = m_clips[index].useCount;
+    if (count < std::numeric_limits<std::int64_t>::max())
+        ++count;
+    m_lastUsedID = id;
+    m_lastUsedTimestamp = m_loop.now();
+    saveAndTell();
+}
+
+void ClipStore::clearUnpinned()
+{
+    const auto isGone = [&](std::size_t i) { return !m_clips[i].isPinned; };
+    for (const auto& clip : m_clips) {
+        if (!clip.isPinned)
+            m_overflow.remove(clip);
+    }
+    if (removeWhere(isGone) > 0) {
+        saveAndTell();
+        return;
+    }
+    // Nothing was removed from the list, but a history file that could not be read may still lie
+    // there, with everything that the user wants to be gone.
+    static_cast<void>(m_history.save(m_clips));
+}
+
+int ClipStore::maxClips() const
+{
+    return m_limits.maxClips;
+}
+int ClipStore::maxClipSizeKB() const
+{
+    return m_limits.maxClipSizeKB;
+}
+int ClipStore::maxTotalSizeMB() const
+{
+    return m_limits.maxTotalSizeMB;
+}
+
+void ClipStore::setMaxClips(int count)
+{
+    m_limits.maxClips = count;
+    m_preferences.set(keys::maxClips, std::int64_t { count });
+    enforceLimits();
+    saveAndTell();
+}
+
+void ClipStore::setMaxClipSizeKB(int kilobytes)
+{
+    m_limits.maxClipSizeKB = kilobytes;
+    m_preferences.set(keys::maxClipSizeKB, std::int64_t { kilobytes });
+}
+
+void ClipStore::setMaxTotalSizeMB(int megabytes)
+{
+    m_limits.maxTotalSizeMB = megabytes;
+    m_preferences.set(keys::maxTotalSizeMB, std::int64_t { megabytes });
+    enforceLimits();
+    saveAndTell();
+}
+
+void ClipStore::enforceLimits()
+{
+    const auto start = evictionStart(m_clips, m_limits);
+    const auto isGone = [&](std::size_t i) { return i >= start && !m_clips[i].isPinned; };
+    for (auto i = start; i < m_clips.size(); ++i) {
+        if (isGone(i))
+            m_overflow.remove(m_clips[i]);
+    }
+    if (start < m_clips.size())
+        removeWhere(isGone);
+}
+
+std::int64_t ClipStore::totalBytes() const
+{
+    return korvane::totalBytes(m_clips);
+}
+
+std::string ClipStore::fullText(const ClipItem& clip) const
+{
+    return m_overflow.fullText(clip);
+}
+
+const std::optional<ClipId>& ClipStore::lastUsedID() const
+{
+    return m_lastUsedID;
+}
+std::optional<TimePoint> ClipStore::lastUsedTimestamp() const
+{
+    return m_lastUsedTimestamp;
+}
+const std::filesystem::path& ClipStore::fileURL() const
+{
+    return m_history.path();
+}
+const std::filesystem::path& ClipStore::overflowDir() const
+{
+    return m_overflow.folder();
+}
+PanelState& ClipStore::panel()
+{
+    return m_panel;
+}
+const PanelState& ClipStore::panel() const
+{
+    return m_panel;
+}
+
+void ClipStore::saveAndTell()
+{
+    // A failure is not told: the list in memory stays right, and the next change writes it again.
+    static_cast<void>(m_history.save(m_clips));
+    clipsChanged(); // the last thing we do: a slot may destroy us
+}
+
+void ClipStore::insertFirst(ClipItem clip)
+{
+    clip.text.shrink_to_fit(); // it stays for long, and the buffer may have been made for much more
+    m_keys.insertFirst(clip);
+    m_clips.insert(m_clips.begin(), std::move(clip));
+}
+
+template <typename IsGone>
+std::size_t ClipStore::removeWhere(const IsGone& isGone)
+{
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < m_clips.size(); ++i) {
+        if (isGone(i))
+            continue;
+        if (kept != i) {
+            m_clips[kept] = std::move(m_clips[i]);
+            m_keys.move(i, kept);
+        }
+        ++kept;
+    }
+    const auto removed = m_clips.size() - kept;
+    m_clips.resize(kept);
+    m_keys.truncate(kept);
+    return removed;
+}
+
+std::size_t ClipStore::indexOf(const ClipId& id) const
+{
+    const auto found = std::find_if(
+        m_clips.begin(), m_clips.end(), [&](const ClipItem& clip) { return clip.id == id; });
+    return static_cast<std::size_t>(found - m_clips.begin());
+}
+
+// Only this one is compared with a new clip, deliberately: A, B, A keeps three clips.
+const ClipItem* ClipStore::newestUnpinned() const
+{
+    const auto newest = std::find_if(
+        m_clips.begin(), m_clips.end(), [](const ClipItem& clip) { return !clip.isPinned; });
+    return newest == m_clips.end() ? nullptr : &*newest;
+}
+
+void ClipStore::makeKeysSoon()
+{
+    m_makingKeys = m_loop.after(0ms, [this] {
+        if (m_keys.makeSome(m_clips, keyBytesAtOnce))
+            makeKeysSoon();
+    });
+}
+
+} // namespace korvane

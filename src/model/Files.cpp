@@ -1,0 +1,209 @@
+#include "model/Files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cassert>
+#include <cerrno>
+#include <cstdint>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+    constexpr mode_t folderMode = 0700;
+    constexpr mode_t fileMode = 0600;
+    // What the JSON parser can take, and more than any history holds.
+    constexpr std::uint64_t largestFile = 0xFFFFFFFF;
+
+    std::error_code lastError()
+    {
+        return { errno, std::generic_category() };
+    }
+
+    /// One name for a folder: writes follow one another, and a leftover is found again.
+    std::filesystem::path temporaryIn(const std::filesystem::path& folder)
+    {
+        return folder / ".korvane-new";
+    }
+
+    struct OpenFile {
+        Descriptor descriptor;
+        std::size_t size;
+    };
+
+    std::optional<OpenFile> openRegular(const std::filesystem::path& path, Links links)
+    {
+        // Not to wait for the writer of a pipe.
+        const int flags
+            = O_RDONLY | O_CLOEXEC | O_NONBLOCK | (links == Links::refuse ? O_NOFOLLOW : 0);
+        Descriptor file(::open(path.c_str(), flags));
+        struct stat status { };
+        if (!file.isOpen() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)
+            || static_cast<std::uint64_t>(status.st_size) > largestFile)
+            return std::nullopt;
+        return OpenFile { std::move(file), static_cast<std::size_t>(status.st_size) };
+    }
+
+    /// Reads until the buffer is full or the file ends; how much that was, or none on failure.
+    std::optional<std::size_t> readInto(const Descriptor& file, char* buffer, std::size_t size)
+    {
+        std::size_t done = 0;
+        while (done < size) {
+            const auto count = ::read(file.number(), buffer + done, size - done);
+            if (count < 0 && errno == EINTR)
+                continue;
+            if (count < 0)
+                return std::nullopt;
+            if (count == 0)
+                break;
+            done += static_cast<std::size_t>(count);
+        }
+        return done;
+    }
+
+    Descriptor createNew(const std::filesystem::path& path)
+    {
+        // What lies there was left by a killed process; made anew, it has our mode and no other
+        // name, and a link in its place is not followed.
+        ::unlink(path.c_str());
+        return Descriptor(
+            ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, fileMode));
+    }
+
+} // namespace
+
+Descriptor::Descriptor(Descriptor&& other) noexcept
+    : m_number(std::exchange(other.m_number, -1))
+{
+}
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
+{
+    std::swap(m_number, other.m_number);
+    return *this;
+}
+
+Descriptor::~Descriptor()
+{
+    if (isOpen())
+        ::close(m_number);
+}
+
+FileBytes::FileBytes(std::size_t size)
+    : m_data(std::make_unique_for_overwrite<char[]>(size + spareBytes))
+    , m_size(size)
+{
+    std::fill_n(m_data.get() + size, spareBytes, '\0');
+}
+
+FileBytes FileBytes::copyOf(std::string_view bytes)
+{
+    FileBytes copy(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), copy.data());
+    return copy;
+}
+
+void FileBytes::truncate(std::size_t size)
+{
+    assert(size <= m_size);
+    m_size = size;
+    std::fill_n(m_data.get() + size, spareBytes, '\0');
+}
+
+std::optional<FileBytes> readFile(const std::filesystem::path& path, Links links)
+{
+    const auto file = openRegular(path, links);
+    if (!file)
+        return std::nullopt;
+    FileBytes bytes(file->size);
+    const auto count = readInto(file->descriptor, bytes.data(), file->size);
+    if (!count)
+        return std::nullopt;
+    bytes.truncate(*count);
+    return bytes;
+}
+
+std::optional<std::string> readFileText(const std::filesystem::path& path, Links links)
+{
+    const auto file = openRegular(path, links);
+    if (!file)
+        return std::nullopt;
+    std::string text(file->size, '\0');
+    const auto count = readInto(file->descriptor, text.data(), text.size());
+    if (!count)
+        return std::nullopt;
+    text.resize(*count);
+    return text;
+}
+
+std::error_code makeFolder(const std::filesystem::path& path)
+{
+    std::error_code error;
+    if (path.empty() || std::filesystem::is_directory(path, error))
+        return {};
+    if (const auto above = path.parent_path(); above != path) {
+        if (const auto failed = makeFolder(above))
+            return failed;
+    }
+    if (::mkdir(path.c_str(), folderMode) != 0)
+        // Named with a slash at its end, it has just been made by the name without.
+        return errno == EEXIST && std::filesystem::is_directory(path, error) ? std::error_code()
+                                                                             : lastError();
+    return ::chmod(path.c_str(), folderMode) == 0 ? std::error_code() : lastError();
+}
+
+AtomicFile::AtomicFile(std::filesystem::path target)
+    : m_target(std::move(target))
+    , m_temporary(temporaryIn(m_target.parent_path()))
+    , m_file(createNew(m_temporary))
+{
+    if (!m_file.isOpen() && errno == ENOENT) {
+        m_error = makeFolder(m_target.parent_path());
+        if (m_error)
+            return;
+        m_file = createNew(m_temporary);
+    }
+    m_isOurs = m_file.isOpen();
+    if (!m_isOurs || ::fchmod(m_file.number(), fileMode) != 0) // the umask may have taken bits away
+        m_error = lastError();
+}
+
+AtomicFile::~AtomicFile()
+{
+    if (m_isOurs)
+        ::unlink(m_temporary.c_str());
+}
+
+void AtomicFile::write(std::string_view bytes)
+{
+    while (!m_error && !bytes.empty()) {
+        const auto count = ::write(m_file.number(), bytes.data(), bytes.size());
+        if (count >= 0)
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            m_error = lastError();
+    }
+}
+
+std::error_code AtomicFile::commit()
+{
+    // On the disk before it gets its name: a power cut leaves the old file or the new one.
+    if (!m_error && ::fdatasync(m_file.number()) != 0)
+        m_error = lastError();
+    if (!m_error && ::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        m_error = lastError();
+    if (!m_error)
+        m_isOurs = false;
+    return m_error;
+}
+
+void AtomicFile::removeLeftover(const std::filesystem::path& folder)
+{
+    ::unlink(temporaryIn(folder).c_str());
+}
+
+} // namespace korvane

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace korvane {
+
+/// A file descriptor that closes itself.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    Descriptor(Descriptor&& other) noexcept;
+    Descriptor& operator=(Descriptor&& other) noexcept;
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor();
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+private:
+    int m_number = -1;
+};
+
+/// The bytes of a file, followed by zeroes: a parser may look at many bytes in one go, and so past
+/// the end, without leaving the memory that is ours.
+class FileBytes {
+public:
+    static constexpr std::size_t spareBytes = 64;
+
+    /// Room for so many bytes; none of them has been set, nor any memory touched for them.
+    explicit FileBytes(std::size_t size);
+    static FileBytes copyOf(std::string_view bytes);
+
+    std::string_view view() const { return { m_data.get(), m_size }; }
+    char* data() { return m_data.get(); }
+    /// Keeps only the first bytes. @param size  at most the present one
+    void truncate(std::size_t size);
+
+private:
+    std::unique_ptr<char[]> m_data;
+    std::size_t m_size;
+};
+
+/// Whether the last name of a path may be a symbolic link.
+enum class Links { follow, refuse };
+
+/// The whole of a regular file; none when it cannot be read, is anything else than a regular file
+/// (a pipe would keep us waiting) or is larger than 4 GiB.
+std::optional<FileBytes> readFile(const std::filesystem::path& path, Links links);
+/// The same, as a string.
+std::optional<std::string> readFileText(const std::filesystem::path& path, Links links);
+
+/// Makes the folder and those above it, each closed to other users (0700) whatever the umask. A
+/// folder that exists already is left as it is.
+std::error_code makeFolder(const std::filesystem::path& path);
+
+/// A new content for a file, which takes the old one's place whole or not at all: it is written
+/// beside it, reaches the disk, and is then renamed. The file is readable by its user only (0600).
+///
+///     AtomicFile file(path);
+///     file.write(bytes);
+///     const auto error = file.commit();
+class AtomicFile {
+public:
+    /// Makes the temporary file. A folder that has vanished is made again.
+    explicit AtomicFile(std::filesystem::path target);
+    /// Removes the temporary file, unless it has taken its place.
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Adds bytes. After a failure nothing more is written; `commit` tells of it.
+    void write(std::string_view bytes);
+    /// Puts the new content in place; the first failure of all steps, if any. The old file is then
+    /// as it was.
+    std::error_code commit();
+
+    /// Removes what a process that was killed while it wrote has left in the folder.
+    static void removeLeftover(const std::filesystem::path& folder);
+
+private:
+    std::filesystem::path m_target;
+    std::filesystem::path m_temporary;
+    Descriptor m_file;
+    std::error_code m_error;
+    bool m_isOurs = false; // the temporary file is there, and made by us
+};
+
+} // namespace korvane
