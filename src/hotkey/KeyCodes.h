@@ -33,6 +33,21 @@ namespace modifiers {
     inline constexpr ModifierMask all = command | shift | option | control;
 } // namespace modifiers
 
+/// The modifier flags of a platform key event, as far as a shortcut knows them.
+namespace eventflags {
+    inline constexpr std::uint64_t shift = 1U << 17U;
+    inline constexpr std::uint64_t control = 1U << 18U;
+    inline constexpr std::uint64_t option = 1U << 19U;
+    inline constexpr std::uint64_t command = 1U << 20U;
+} // namespace eventflags
+
+/// The mask of a platform key event's modifier flags; Caps Lock and all other flags are dropped.
+ModifierMask carbonModifiers(std::uint64_t flags);
+/// The symbols of the modifiers in the mask, always in the order "⌃⌥⇧⌘"; empty for none.
+std::string modifierSymbols(ModifierMask mask);
+/// The fixed label of a key that types no character of its own; none for any other key.
+std::optional<std::string_view> keyLabel(KeyCode keyCode);
+
 /// A key press as the panel and the global listener are told of it.
 struct KeyPress {
     KeyCode keyCode = 0;
