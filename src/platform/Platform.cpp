@@ -1,0 +1,47 @@
+#include "platform/Platform.h"
+
+#include "platform/qt/ToolkitConnection.h"
+
+#include <utility>
+
+namespace korvane {
+
+Platform::Platform(MainLoop& loop)
+    : Platform(loop, windowsOf(toolkitConnection()))
+{
+}
+
+Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow)
+    : m_connection(loop)
+    , m_entries(loop, DesktopEntries::standardFolders())
+    , m_keyMap(m_connection, loop)
+    , m_rawInput(m_connection)
+    , m_clipboardWriter(m_connection)
+    , m_pasteboard(m_connection, loop, m_clipboardWriter)
+    , m_workspace(m_connection, m_entries, isOwnWindow)
+    , m_hotkeyGrabber(m_connection, m_keyMap)
+    , m_keyboard(m_connection, m_keyMap, m_rawInput,
+          { [this] { return m_workspace.isTerminalInFront(); },
+              [this] { m_pasteboard.writePrimaryToo(); } })
+    , m_outsideClicks(m_connection, m_rawInput, isOwnWindow)
+    , m_focus(m_connection, std::move(isOwnWindow))
+    , m_monitors(m_connection)
+    , m_compositor(m_connection)
+    , m_hotkeyPressed(m_hotkeyGrabber.pressed.connect(
+          [this] { m_lastPressTime = m_hotkeyGrabber.lastPressTime(); }))
+{
+}
+
+void Platform::takeKeyboard(std::uint32_t window)
+{
+    // The window was shown over the toolkit's connection: the server must have heard of that before
+    // it is asked on ours to give the window the keyboard.
+    awaitToolkitRequests();
+    const auto time = std::exchange(m_lastPressTime, XCB_CURRENT_TIME);
+    // A program that took the keyboard after the press would keep it, by the time that we say; but
+    // a panel that is seen and does not hear the user is worse.
+    if (!m_focus.takeKeyboard(window, time))
+        m_focus.takeKeyboard(window, XCB_CURRENT_TIME);
+}
+
+} // namespace korvane

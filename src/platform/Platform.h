@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/qt/QtClipboardWriter.h"
+#include "platform/x11/KeyMap.h"
+#include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Focus.h"
+#include "platform/x11/X11HotkeyGrabber.h"
+#include "platform/x11/X11Keyboard.h"
+#include "platform/x11/X11Monitors.h"
+#include "platform/x11/X11OutsideClicks.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11RawInput.h"
+#include "platform/x11/X11Workspace.h"
+#include "platform/xdg/DesktopEntries.h"
+
+#include <functional>
+
+namespace korvane {
+
+/// The backends of an X11 session, made together because they share one connection. The toolkit's
+/// application object must exist.
+class Platform {
+public:
+    explicit Platform(MainLoop& loop);
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
+
+    X11Connection& connection() { return m_connection; }
+    Pasteboard& pasteboard() { return m_pasteboard; }
+    Workspace& workspace() { return m_workspace; }
+    HotkeyGrabber& hotkeyGrabber() { return m_hotkeyGrabber; }
+    Keyboard& keyboard() { return m_keyboard; }
+    OutsideClicks& outsideClicks() { return m_outsideClicks; }
+    X11Monitors& monitors() { return m_monitors; }
+    Observable<bool>& isComposited() { return m_compositor.isRunning(); }
+
+    /// Gives the keyboard to a window of ours that has been shown, and back to whom it was taken from.
+    void takeKeyboard(std::uint32_t window);
+    void giveBackKeyboard() { m_focus.giveBackKeyboard(); }
+
+private:
+    explicit Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow);
+
+    X11Connection m_connection;
+    DesktopEntries m_entries;
+    KeyMap m_keyMap;
+    X11RawInput m_rawInput;
+    QtClipboardWriter m_clipboardWriter;
+    X11Pasteboard m_pasteboard;
+    X11Workspace m_workspace;
+    X11HotkeyGrabber m_hotkeyGrabber;
+    X11Keyboard m_keyboard;
+    X11OutsideClicks m_outsideClicks;
+    X11Focus m_focus;
+    X11Monitors m_monitors;
+    X11Compositor m_compositor;
+    // When the shortcut was pressed that the panel's next showing answers.
+    xcb_timestamp_t m_lastPressTime = XCB_CURRENT_TIME;
+    Connection m_hotkeyPressed;
+};
+
+} // namespace korvane

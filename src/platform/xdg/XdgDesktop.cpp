@@ -1,0 +1,101 @@
+#include "platform/xdg/XdgDesktop.h"
+
+#include "model/Log.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QUrl>
+
+#include <gio/gio.h>
+
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+    struct Unref {
+        void operator()(gpointer object) const { g_object_unref(object); }
+    };
+    using Application = std::unique_ptr<GAppInfo, Unref>;
+
+    struct Free {
+        void operator()(gpointer memory) const { g_free(memory); }
+    };
+
+    struct FreeError {
+        void operator()(GError* error) const { g_error_free(error); }
+    };
+
+    /// The "file:" URI of an absolute path (RFC 8089), byte for byte: a name need not be UTF-8.
+    std::string uriOf(const std::string& path)
+    {
+        const std::unique_ptr<char, Free> uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));
+        return uri ? uri.get() : std::string();
+    }
+
+    /// Starts the application with the address. False when there is none or it does not start.
+    bool launch(const Application& application, std::string uri)
+    {
+        if (!application)
+            return false;
+        GList uris { uri.data(), nullptr, nullptr };
+        GError* error = nullptr;
+        const auto isStarted
+            = g_app_info_launch_uris(application.get(), &uris, nullptr, &error) != FALSE;
+        const std::unique_ptr<GError, FreeError> kept(error);
+        return isStarted;
+    }
+} // namespace
+
+XdgDesktop::XdgDesktop(QDBusConnection bus, Log& log, std::chrono::milliseconds patience)
+    : m_bus(std::move(bus))
+    , m_log(log)
+    , m_patience(patience)
+{
+}
+
+void XdgDesktop::revealFile(std::string_view path)
+{
+    if (!path.starts_with('/'))
+        return;
+    std::string file(path);
+    auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    call << QStringList { QString::fromStdString(uriOf(file)) } << QString();
+    const auto pending = m_bus.asyncCall(call, static_cast<int>(m_patience.count()));
+    const auto* const watcher = new QDBusPendingCallWatcher(pending, &m_calls);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_calls,
+        [this, file = std::move(file)](QDBusPendingCallWatcher* finished) {
+            finished->deleteLater();
+            if (const QDBusPendingReply<> reply = *finished; reply.isError())
+                openFolderOf(file);
+        });
+}
+
+/// Asks for the application by the type, not by the folder itself, which may lie on a network that
+/// does not answer.
+void XdgDesktop::openFolderOf(const std::string& path)
+{
+    const Application application(g_app_info_get_default_for_type("inode/directory", TRUE));
+    if (!launch(application, uriOf(std::filesystem::path(path).parent_path().string())))
+        m_log.line("Korvane: no application can show a folder");
+}
+
+void XdgDesktop::openAddress(std::string_view address)
+{
+    const QUrl url(
+        QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())).trimmed());
+    const auto scheme = url.scheme().toLatin1(); // in lower case already
+    if (!url.isValid() || url.host().isEmpty() || (scheme != "http" && scheme != "https"))
+        return;
+    const Application application(g_app_info_get_default_for_uri_scheme(scheme.constData()));
+    if (!launch(application, url.toEncoded().toStdString()))
+        m_log.line("Korvane: no application can open a web address");
+}
+
+} // namespace korvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "settings/Desktop.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <chrono>
+#include <string>
+
+namespace korvane {
+
+class Log;
+
+/// The desktop's file manager and browser, by D-Bus (org.freedesktop.FileManager1) and by the
+/// user's default applications (freedesktop's MIME applications associations). Never waits; when
+/// nobody can do what was asked for, one line in the log says so.
+class XdgDesktop : public Desktop {
+public:
+    /// @param bus       the session bus; it may be out of reach
+    /// @param patience  how long a file manager may take to answer, before the folder is opened by
+    ///                  the default application instead
+    XdgDesktop(QDBusConnection bus, Log& log,
+        std::chrono::milliseconds patience = std::chrono::seconds(5));
+    XdgDesktop(const XdgDesktop&) = delete;
+    XdgDesktop& operator=(const XdgDesktop&) = delete;
+
+    /// A path that is not absolute is left alone.
+    void revealFile(std::string_view path) override;
+    void openAddress(std::string_view address) override;
+
+private:
+    void openFolderOf(const std::string& path);
+
+    QDBusConnection m_bus;
+    Log& m_log;
+    std::chrono::milliseconds m_patience;
+    QObject m_calls; // the parent of what watches the calls under way, so that they end with us
+};
+
+} // namespace korvane
