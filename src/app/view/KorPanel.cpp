@@ -1,0 +1,155 @@
+#include "app/view/KorPanel.h"
+
+#include "app/view/KeyEvents.h"
+#include "panel/view/PanelStyle.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QWindow>
+
+#include <cmath>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+    constexpr int initialHeight = 480;
+
+    QPainterPath rounded(const QRectF& rect, double radius)
+    {
+        QPainterPath path;
+        path.addRoundedRect(rect, radius, radius);
+        return path;
+    }
+} // namespace
+
+KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame)
+    : QWidget(nullptr,
+        Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint)
+    , m_tellFrame(std::move(tellFrame))
+{
+    setWindowTitle(QStringLiteral("Korvane"));
+    setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
+    // Whether a compositor runs may change later, the window's depth may not: without one the alpha
+    // of its pixels is simply not looked at.
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_AlwaysShowToolTips); // the window is never "active" to a window manager
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setGeometry(0, 0, metrics::panelWidth, initialHeight);
+    create();
+    windowHandle()->installEventFilter(this);
+    m_compositedChanged
+        = isComposited.observe([this](bool composited) { setComposited(composited); });
+}
+
+void KorPanel::setContents(std::unique_ptr<QWidget> contents)
+{
+    m_contents = std::move(contents);
+    m_contents->setParent(this);
+    m_contents->setGeometry(rect().marginsRemoved(m_margins));
+}
+
+bool KorPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    // An open menu takes the keys and the pointer; the toolkit leads them there.
+    if (watched != windowHandle() || QApplication::activePopupWidget())
+        return false;
+    if (event->type() == QEvent::KeyPress)
+        return m_handleKey && m_handleKey(keyPressFrom(static_cast<QKeyEvent&>(*event)));
+    const bool isReached
+        = event->type() == QEvent::Enter || event->type() == QEvent::MouseButtonPress;
+    if (isReached && isVisible() && m_keyboardWanted)
+        m_keyboardWanted();
+    return false;
+}
+
+void KorPanel::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    if (m_isComposited)
+        paintTranslucent(painter, event->rect());
+    else
+        paintOpaque(painter);
+}
+
+void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
+{
+    const auto& colours = panelColours(palette());
+    const auto panel = rect().marginsRemoved(m_margins);
+    if (!panel.contains(dirty))
+        m_shadow.paint(painter, panel, schemeOf(palette()) == ColourScheme::dark ? 0.55 : 0.32);
+    auto ground = colours.panel;
+    ground.setAlpha(colours.panelAlpha);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(rounded(panel, metrics::panelRadius), ground);
+    painter.setPen(colours.edge);
+    painter.drawPath(
+        rounded(QRectF(panel).adjusted(0.5, 0.5, -0.5, -0.5), metrics::panelRadius - 0.5));
+}
+
+void KorPanel::paintOpaque(QPainter& painter)
+{
+    const auto& colours = panelColours(palette());
+    // The edge fills everything that the inner shape leaves over, so that no pixel of the cut-out
+    // shape is left with the colour of neither.
+    painter.fillRect(rect(), colours.panel);
+    painter.fillRect(rect(), colours.edge);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(
+        rounded(QRectF(rect()).adjusted(1, 1, -1, -1), metrics::panelRadius - 1), colours.panel);
+}
+
+void KorPanel::resizeEvent(QResizeEvent*)
+{
+    if (m_contents)
+        m_contents->setGeometry(rect().marginsRemoved(m_margins));
+    shape();
+}
+
+void KorPanel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        update();
+    QWidget::changeEvent(event);
+}
+
+void KorPanel::setComposited(bool isComposited)
+{
+    const auto frame = visibleFrame();
+    m_isComposited = isComposited;
+    m_margins = m_isComposited ? PanelShadow::margins() : QMargins();
+    setVisibleFrame(frame);
+    if (m_contents)
+        m_contents->setGeometry(rect().marginsRemoved(m_margins));
+    shape();
+    update();
+}
+
+void KorPanel::shape()
+{
+    tellFrame();
+    if (m_isComposited)
+        clearMask();
+    else
+        setMask(QRegion(rounded(rect(), metrics::panelRadius).toFillPolygon().toPolygon()));
+}
+
+void KorPanel::tellFrame()
+{
+    // Without a shadow the panel is the whole window, which needs no telling unless it was not.
+    if (!m_tellFrame || (!m_isComposited && !m_hasToldFrame))
+        return;
+    m_hasToldFrame = m_isComposited;
+    const auto pixels = [ratio = devicePixelRatioF()](int points) {
+        return static_cast<int>(std::lround(points * ratio));
+    };
+    const auto panel = rect().marginsRemoved(m_margins);
+    m_tellFrame(static_cast<std::uint32_t>(winId()),
+        { pixels(panel.x()), pixels(panel.y()), pixels(panel.width()), pixels(panel.height()) },
+        { pixels(width()), pixels(height()) });
+}
+
+} // namespace korvane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/view/PanelShadow.h"
+#include "hotkey/KeyCodes.h"
+#include "model/Signal.h"
+
+#include <QRect>
+#include <QSize>
+#include <QWidget>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace korvane {
+
+/// The panel's window: without a frame, above all others, outside the window manager's reach, so
+/// that it stands exactly where it is put on every desktop. With a compositor it casts a shadow into
+/// a margin of its own and lets the desktop shine through a little; without one it is opaque and cut
+/// to its rounded shape. Every key press comes to it before any control sees it.
+class KorPanel : public QWidget {
+public:
+    /// True: the key press is used up and goes no further.
+    using KeyHandler = std::function<bool(const KeyPress&)>;
+
+    /// Told whenever the panel's place in its window changes: the window's number, the panel's
+    /// rectangle in it and the window's size, both in pixels. Where a shadow surrounds the panel,
+    /// the desktop must neither take it for a part of the window nor give it clicks.
+    using FrameTeller = std::function<void(std::uint32_t window, QRect panel, QSize whole)>;
+
+    /// The native window is made at once, so that showing it later costs nothing more.
+    /// @param isComposited  whether a compositor runs; may change at any time
+    explicit KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame = {});
+
+    void setKeyHandler(KeyHandler handler) { m_handleKey = std::move(handler); }
+    /// What the window calls when it should have the keyboard again: the pointer has entered it
+    /// (some desktops take the focus away from what the pointer leaves) or it was clicked.
+    void setKeyboardWanted(std::function<void()> wanted) { m_keyboardWanted = std::move(wanted); }
+    /// Fills the panel.
+    void setContents(std::unique_ptr<QWidget> contents);
+
+    /// The panel as it is seen, without its shadow, in global coordinates.
+    QRect visibleFrame() const { return geometry().marginsRemoved(m_margins); }
+    void setVisibleFrame(const QRect& frame) { setGeometry(frame.marginsAdded(m_margins)); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void setComposited(bool isComposited);
+    void shape();
+    void tellFrame();
+    void paintTranslucent(QPainter& painter, const QRect& dirty);
+    void paintOpaque(QPainter& painter);
+
+    FrameTeller m_tellFrame;
+    KeyHandler m_handleKey;
+    std::function<void()> m_keyboardWanted;
+    std::unique_ptr<QWidget> m_contents;
+    PanelShadow m_shadow;
+    QMargins m_margins;
+    bool m_isComposited = false;
+    bool m_hasToldFrame = false;
+    Connection m_compositedChanged;
+};
+
+} // namespace korvane

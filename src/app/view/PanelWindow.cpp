@@ -1,0 +1,33 @@
+#include "app/view/PanelWindow.h"
+
+#include "app/view/KorPanel.h"
+#include "app/view/TrayScreens.h"
+#include "panel/view/ClipPanelView.h"
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+    std::unique_ptr<KorPanel> makePanel(
+        ClipStore& store, PanelController& controller, const PanelWindow::World& world)
+    {
+        auto panel = std::make_unique<KorPanel>(world.isComposited, world.tellFrame);
+        auto view
+            = std::make_unique<ClipPanelView>(store, controller, world.loop, world.clipboardText);
+        panel->setKeyHandler([&view = *view](const KeyPress& press) { return view.handle(press); });
+        panel->setContents(std::move(view));
+        return panel;
+    }
+
+} // namespace
+
+PanelWindow::PanelWindow(ClipStore& store, PanelController& controller, const World& world)
+    : WidgetWindow(makePanel(store, controller, world),
+        [&screens = world.screens] { return screens.geometry(); },
+        { world.takeKeyboard, world.giveBackKeyboard })
+{
+}
+
+} // namespace korvane

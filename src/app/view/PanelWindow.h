@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/view/WidgetWindow.h"
+#include "model/Signal.h"
+#include "panel/view/PanelLineEdit.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace korvane {
+
+class ClipStore;
+class MainLoop;
+class PanelController;
+class TrayScreens;
+
+/// The panel, whole: its window over its contents, its keys led to the controller.
+class PanelWindow : public WidgetWindow {
+public:
+    /// What the window needs of the desktop; all of it outlives the window.
+    struct World {
+        MainLoop& loop;
+        const TrayScreens& screens;
+        Observable<bool>& isComposited;
+        TextReader clipboardText;
+        std::function<void(std::uint32_t window)> takeKeyboard;
+        std::function<void()> giveBackKeyboard;
+        /// Tells the desktop which part of the window is the panel and which only its shadow.
+        KorPanel::FrameTeller tellFrame = {};
+    };
+
+    PanelWindow(ClipStore& store, PanelController& controller, const World& world);
+};
+
+} // namespace korvane

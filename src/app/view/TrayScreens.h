@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/Windows.h"
+#include "app/view/WidgetWindow.h"
+
+#include <QPoint>
+#include <QRect>
+
+#include <functional>
+#include <optional>
+
+namespace korvane {
+
+class TrayItem;
+
+/// The screen that the tray icon is on, as far as the tray tells, in the program's coordinates.
+class TrayScreens : public Screens {
+public:
+    /// The pixels of the monitor at a pixel of the desktop, all of them and those that no bar covers.
+    struct Pixels {
+        QRect monitor;
+        QRect visible;
+    };
+    using AreaAt = std::function<Pixels(QPoint pixel)>;
+
+    TrayScreens(const TrayItem& tray, AreaAt areaAt);
+
+    Rect visibleFrame() const override;
+    Rect statusItemFrame() const override;
+    /// The screen's place on the desktop, for windows that are put on it.
+    ScreenGeometry geometry() const;
+
+private:
+    /// The screen in points, in global coordinates.
+    struct Area {
+        QRectF screen;
+        QRectF visible;
+    };
+
+    std::optional<QPoint> anchor() const;
+    Area area() const;
+
+    const TrayItem& m_tray;
+    AreaAt m_areaAt;
+};
+
+} // namespace korvane

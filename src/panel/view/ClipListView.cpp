@@ -1,0 +1,320 @@
+#include "panel/view/ClipListView.h"
+
+#include "panel/PanelController.h"
+#include "panel/PanelTexts.h"
+#include "panel/view/ClipRowMenu.h"
+#include "panel/view/PanelStyle.h"
+#include "panel/view/Symbols.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace korvane {
+
+namespace {
+    /// Points for one notch of a wheel: two rows.
+    constexpr double wheelStep = 2 * metrics::rowPitch;
+    /// Ages are told in minutes.
+    constexpr std::chrono::minutes ageInterval { 1 };
+} // namespace
+
+ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLoop& loop,
+    Symbols& symbols, TextReader reader, std::function<void()> renameEnded, QWidget* parent)
+    : QWidget(parent)
+    , m_store(store)
+    , m_controller(controller)
+    , m_loop(loop)
+    , m_shown(store)
+    , m_rowView(symbols)
+    , m_renameEnded(std::move(renameEnded))
+    , m_renameField(std::move(reader), this)
+{
+    setMouseTracking(true);
+    setAccessibleName(QStringLiteral("Clips"));
+    m_renameField.hide();
+    m_renameField.setFont(panelFont(13));
+    m_renameField.setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
+    m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder.data(),
+        static_cast<qsizetype>(paneltexts::renamePlaceholder.size())));
+    connect(&m_renameField, &QLineEdit::returnPressed, this, [this] { submitRename(); });
+    connect(&m_renameField, &QLineEdit::editingFinished, this, [this] { giveUpRename(); });
+
+    auto& panel = store.panel();
+    m_connections.push_back(store.clipsChanged.connect([this] {
+        m_shown.forget();
+        listChanged();
+    }));
+    const auto toTop = [this](const auto&) {
+        m_offset = 0;
+        listChanged();
+    };
+    m_connections.push_back(panel.panelSearch.onChange(toTop));
+    m_connections.push_back(panel.panelFilterTab.onChange(toTop));
+    m_connections.push_back(panel.panelOpenCount.onChange(toTop));
+    m_connections.push_back(panel.selectedClipID.onChange(
+        [this](const auto& selected) { selectionChanged(selected); }));
+    m_selected = panel.selectedClipID.value();
+}
+
+double ClipListView::contentHeight()
+{
+    const auto count = static_cast<double>(m_shown.rows().size());
+    return count == 0 ? 0 : count * metrics::rowPitch - metrics::rowGap + 2 * metrics::listPaddingY;
+}
+
+void ClipListView::setOffset(double offset)
+{
+    const double most = std::max(contentHeight() - height(), 0.0);
+    offset = std::clamp(offset, 0.0, most);
+    if (offset == m_offset)
+        return;
+    m_offset = offset;
+    settle();
+    update();
+}
+
+QRectF ClipListView::rowRect(std::size_t index) const
+{
+    const double ratio = devicePixelRatioF();
+    const double top
+        = metrics::listPaddingY + static_cast<double>(index) * metrics::rowPitch - m_offset;
+    return { static_cast<double>(metrics::listPaddingX), std::round(top * ratio) / ratio,
+        static_cast<double>(width() - 2 * metrics::listPaddingX),
+        static_cast<double>(metrics::rowHeight) };
+}
+
+std::optional<std::size_t> ClipListView::rowAt(const QPointF& point)
+{
+    const double y = point.y() + m_offset - metrics::listPaddingY;
+    if (y < 0 || !rect().toRectF().contains(point))
+        return std::nullopt;
+    const auto index = static_cast<std::size_t>(y / metrics::rowPitch);
+    return index < m_shown.rows().size() && rowRect(index).contains(point) ? std::optional(index)
+                                                                           : std::nullopt;
+}
+
+void ClipListView::beginRename(const ClipId& id)
+{
+    const auto index = m_shown.indexOf(id);
+    if (!index)
+        return;
+    giveUpRename();
+    bringIntoView(*index);
+    m_renamed = id;
+    const auto& name = m_shown.rows()[*index].clip->customName;
+    m_renameField.setText(QString::fromStdString(name.value_or(std::string())));
+    m_renameField.selectAll();
+    settle();
+    m_renameField.show();
+    m_renameField.setFocus(Qt::OtherFocusReason);
+    update();
+}
+
+void ClipListView::submitRename()
+{
+    const auto id = std::exchange(m_renamed, std::nullopt);
+    if (!id)
+        return;
+    const auto name = m_renameField.text().toStdString();
+    m_renameField.hide();
+    m_renameEnded();
+    update();
+    m_controller.rename(*id, name);
+}
+
+void ClipListView::giveUpRename()
+{
+    if (!std::exchange(m_renamed, std::nullopt))
+        return;
+    m_renameField.hide();
+    m_renameEnded();
+    update();
+}
+
+void ClipListView::openMenuOfSelectedRow()
+{
+    const auto index = m_shown.indexOf(m_selected);
+    if (!index)
+        return;
+    bringIntoView(*index);
+    openMenu(*index, mapToGlobal(rowRect(*index).center().toPoint()));
+}
+
+void ClipListView::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    const auto& rows = m_shown.rows();
+    const double first
+        = (event->rect().top() + m_offset - metrics::listPaddingY) / metrics::rowPitch;
+    for (auto index = static_cast<std::size_t>(std::max(first, 0.0)); index < rows.size();
+         ++index) {
+        const auto place = rowRect(index);
+        if (place.top() > event->rect().bottom())
+            break;
+        m_rowView.paint(painter, place, row(index), m_now, palette());
+    }
+}
+
+void ClipListView::resizeEvent(QResizeEvent*)
+{
+    if (isVisible())
+        settle();
+}
+
+void ClipListView::showEvent(QShowEvent*)
+{
+    m_now = m_loop.now();
+    m_ageTick = m_loop.every(ageInterval, [this] {
+        m_now = m_loop.now();
+        update();
+    });
+    settle();
+}
+
+void ClipListView::hideEvent(QHideEvent*)
+{
+    m_ageTick.stop();
+    giveUpRename();
+    m_pressed.reset();
+    hoverAt(std::nullopt);
+}
+
+void ClipListView::wheelEvent(QWheelEvent* event)
+{
+    // Only a device that tells of a gesture's phases tells pixels that mean anything.
+    const bool hasPixels = event->phase() != Qt::NoScrollPhase && !event->pixelDelta().isNull();
+    const double down
+        = hasPixels ? -event->pixelDelta().y() : -event->angleDelta().y() / 120.0 * wheelStep;
+    setOffset(m_offset + down);
+    event->accept();
+}
+
+void ClipListView::mouseMoveEvent(QMouseEvent* event)
+{
+    hoverAt(event->position());
+}
+
+void ClipListView::mousePressEvent(QMouseEvent* event)
+{
+    giveUpRename();
+    if (event->button() != Qt::LeftButton)
+        return;
+    const auto index = rowAt(event->position());
+    m_pressed = index ? std::optional(m_shown.rows()[*index].id) : std::nullopt;
+    updateRow(index);
+}
+
+void ClipListView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const auto pressed = std::exchange(m_pressed, std::nullopt);
+    const auto index = rowAt(event->position());
+    updateRow(m_shown.indexOf(pressed));
+    // By identifier: a new copy may have moved the rows while the button was down.
+    if (pressed && index && m_shown.rows()[*index].id == pressed)
+        m_controller.click(*pressed);
+}
+
+void ClipListView::leaveEvent(QEvent*)
+{
+    hoverAt(std::nullopt);
+}
+
+void ClipListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (const auto index = rowAt(event->pos()))
+        openMenu(*index, event->globalPos());
+}
+
+void ClipListView::listChanged()
+{
+    if (!isVisible())
+        return; // looked at again when it is shown
+    m_now = m_loop.now();
+    if (m_renamed && !m_shown.indexOf(m_renamed))
+        giveUpRename();
+    settle();
+    update();
+}
+
+void ClipListView::selectionChanged(const std::optional<ClipId>& selected)
+{
+    updateRow(m_shown.indexOf(std::exchange(m_selected, selected)));
+    const auto index = m_shown.indexOf(selected);
+    if (!index)
+        return;
+    centre(*index);
+    settle();
+    updateRow(index);
+}
+
+/// Brings everything that follows from the rows and their places up to date.
+void ClipListView::settle()
+{
+    m_offset = std::clamp(m_offset, 0.0, std::max(contentHeight() - height(), 0.0));
+    if (const auto selected = m_shown.indexOf(m_selected))
+        m_store.panel().selectedRowMidY = metrics::listTop + rowRect(*selected).center().y();
+    if (const auto renamed = m_shown.indexOf(m_renamed)) {
+        const auto title = m_rowView.titleRect(rowRect(*renamed), row(*renamed));
+        m_renameField.setGeometry(title.toAlignedRect());
+    }
+    hoverAt(m_pointer);
+}
+
+void ClipListView::centre(std::size_t index)
+{
+    setOffset(rowRect(index).center().y() + m_offset - height() / 2.0);
+}
+
+void ClipListView::bringIntoView(std::size_t index)
+{
+    if (const auto place = rowRect(index); place.top() < 0 || place.bottom() > height())
+        centre(index);
+}
+
+void ClipListView::hoverAt(std::optional<QPointF> pointer)
+{
+    m_pointer = pointer;
+    const auto hovered = pointer ? rowAt(*pointer) : std::nullopt;
+    if (hovered == m_hovered)
+        return;
+    updateRow(std::exchange(m_hovered, hovered));
+    updateRow(hovered);
+}
+
+void ClipListView::updateRow(std::optional<std::size_t> index)
+{
+    if (index)
+        update(rowRect(*index).toAlignedRect());
+}
+
+void ClipListView::openMenu(std::size_t index, const QPoint& at)
+{
+    const auto& clip = *m_shown.rows()[index].clip;
+    const double rowMidY = metrics::listTop + rowRect(index).center().y();
+    makeClipRowMenu(
+        clip, m_controller, [this, id = clip.id] { beginRename(id); }, rowMidY, this)
+        ->popup(at);
+}
+
+ClipRow ClipListView::row(std::size_t index)
+{
+    const auto& [id, clip] = m_shown.rows()[index];
+    return { .clip = *clip,
+        .shortcutIndex = index,
+        .isSelected = m_selected == id,
+        .isHovered = m_hovered == index,
+        .isPressed = m_pressed == id && m_hovered == index,
+        .isRenaming = m_renamed == id };
+}
+
+} // namespace korvane

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "model/ClipStore.h"
+#include "model/MainLoop.h"
+#include "panel/view/ClipRowView.h"
+#include "panel/view/PanelLineEdit.h"
+#include "panel/view/ShownClips.h"
+
+#include <QPointF>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace korvane {
+
+class PanelController;
+class Symbols;
+
+/// The list of the displayed clips. Only rows that can be seen are painted, and only what has
+/// changed; nothing is computed while the list is hidden. So it costs the same whatever the length
+/// of the history and of its clips.
+class ClipListView : public QWidget {
+public:
+    /// @param renameEnded  called when the field of a rename has gone, for the focus to go elsewhere
+    ClipListView(ClipStore& store, PanelController& controller, MainLoop& loop, Symbols& symbols,
+        TextReader reader, std::function<void()> renameEnded, QWidget* parent);
+
+    /// How far the list is scrolled, and what it could be scrolled through, in points.
+    double offset() const { return m_offset; }
+    double contentHeight();
+    /// Scrolls, no further than to the list's ends.
+    void setOffset(double offset);
+
+    /// Where the row at a place of the displayed list is; it need not be in view.
+    QRectF rowRect(std::size_t index) const;
+    std::optional<std::size_t> rowAt(const QPointF& point);
+
+    bool isRenaming() const { return m_renamed.has_value(); }
+    /// Puts a field in the place of the clip's title.
+    void beginRename(const ClipId& id);
+    void submitRename();
+    void giveUpRename();
+    /// The context menu of the selected row, for the keyboard; nothing where none is displayed.
+    void openMenuOfSelectedRow();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void listChanged();
+    void selectionChanged(const std::optional<ClipId>& selected);
+    void settle();
+    void centre(std::size_t index);
+    void bringIntoView(std::size_t index);
+    void hoverAt(std::optional<QPointF> pointer);
+    void updateRow(std::optional<std::size_t> index);
+    void openMenu(std::size_t index, const QPoint& at);
+    ClipRow row(std::size_t index);
+
+    ClipStore& m_store;
+    PanelController& m_controller;
+    MainLoop& m_loop;
+    ShownClips m_shown;
+    ClipRowView m_rowView;
+    std::function<void()> m_renameEnded;
+
+    double m_offset = 0;
+    TimePoint m_now {};
+    std::optional<ClipId> m_selected;
+    std::optional<QPointF> m_pointer; // while it is over the list
+    std::optional<std::size_t> m_hovered;
+    std::optional<ClipId> m_pressed;
+    std::optional<ClipId> m_renamed;
+    PanelLineEdit m_renameField;
+
+    Timer m_ageTick; // while visible
+    std::vector<Connection> m_connections;
+};
+
+} // namespace korvane

@@ -1,0 +1,208 @@
+#include "panel/view/ClipRowView.h"
+
+#include "panel/PanelTexts.h"
+#include "panel/view/PanelStyle.h"
+#include "panel/view/Symbols.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace korvane {
+
+namespace {
+
+    constexpr double sidePadding = 9;
+    constexpr double kindSize = 28;
+    constexpr double kindRadius = 7;
+    constexpr double kindSymbol = 16;
+    constexpr double gap = 9;
+    constexpr double markGap = 6;
+    constexpr double markSymbol = 13;
+    constexpr double badgePaddingX = 4;
+    constexpr double badgePaddingY = 2;
+    constexpr double badgeRadius = 3;
+    constexpr double titleSize = 13;
+    constexpr double metaSize = 10.5;
+    constexpr double metaGap = 4;
+    constexpr double titleTop = 8;
+    constexpr double titleHeight = 17;
+    constexpr double metaTop = 26;
+    constexpr double metaHeight = 14;
+    constexpr auto oneLine
+        = Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft;
+
+    QString fromUtf8(std::string_view text)
+    {
+        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    }
+
+    double badgeWidth(const QString& badge)
+    {
+        return badge.isEmpty()
+            ? 0
+            : std::ceil(QFontMetricsF(panelFont(metaSize)).horizontalAdvance(badge))
+                + 2 * badgePaddingX;
+    }
+
+    /// The line under a title, item after item; where room is short the application's name gives way.
+    void paintMeta(QPainter& painter, const QRectF& line, const std::vector<std::string>& items)
+    {
+        const QFontMetricsF font(painter.font());
+        std::vector<QString> texts;
+        double needed = 0;
+        for (const auto& item : items) {
+            texts.push_back(fromUtf8(item));
+            needed += font.horizontalAdvance(texts.back()) + metaGap;
+        }
+        needed -= metaGap;
+        if (needed > line.width() && !texts.empty()) {
+            const double room = font.horizontalAdvance(texts.front()) - (needed - line.width());
+            texts.front() = font.elidedText(texts.front(), Qt::ElideRight, std::max(room, 0.0));
+        }
+        double x = line.left();
+        for (const auto& text : texts) {
+            const double width = font.horizontalAdvance(text);
+            painter.drawText(QRectF(x, line.top(), width, line.height()), oneLine, text);
+            x += width + metaGap;
+        }
+    }
+
+} // namespace
+
+std::string_view symbolOf(ClipType type)
+{
+    switch (type) {
+    case ClipType::plainText:
+        return "text.alignleft";
+    case ClipType::url:
+        return "link";
+    case ClipType::email:
+        return "envelope";
+    case ClipType::code:
+        return "chevron.left.forwardslash.chevron.right";
+    case ClipType::file:
+        return "doc";
+    }
+    return {};
+}
+
+void ClipRowView::paint(QPainter& painter, const QRectF& row, const ClipRow& shown, TimePoint now,
+    const QPalette& palette)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGround(painter, row, shown, palette);
+    paintKind(painter, row, shown, palette);
+    paintTexts(painter, row, shown, now, palette);
+    paintMarks(painter, row, shown, palette);
+}
+
+QRectF ClipRowView::titleRect(const QRectF& row, const ClipRow& shown) const
+{
+    const double left = row.left() + sidePadding + kindSize + gap;
+    const double marks = marksWidth(shown);
+    const double right = row.right() - sidePadding - (marks > 0 ? marks + gap : 0);
+    return { left, row.top() + titleTop, right - left, titleHeight };
+}
+
+double ClipRowView::marksWidth(const ClipRow& shown) const
+{
+    double width = badgeWidth(fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex)));
+    for (const bool hasMark : { shown.clip.isOverflow, shown.clip.isPinned }) {
+        if (hasMark)
+            width += markSymbol + (width > 0 ? markGap : 0);
+    }
+    return width;
+}
+
+void ClipRowView::paintGround(
+    QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
+{
+    const auto& colours = panelColours(palette);
+    const auto fill = [&](const QColor& colour) {
+        painter.setBrush(colour);
+        painter.drawRoundedRect(row, metrics::rowRadius, metrics::rowRadius);
+    };
+    painter.setPen(Qt::NoPen);
+    if (shown.isSelected)
+        fill(colours.selection);
+    if (shown.isPressed)
+        fill(colours.pressed);
+    else if (shown.isHovered)
+        fill(colours.hover);
+    if (!shown.isSelected)
+        return;
+    painter.setPen(colours.selectionEdge);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(
+        row.adjusted(0.5, 0.5, -0.5, -0.5), metrics::rowRadius - 0.5, metrics::rowRadius - 0.5);
+}
+
+void ClipRowView::paintKind(
+    QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
+{
+    const auto& colours = panelColours(palette);
+    const QRectF box(
+        row.left() + sidePadding, row.top() + (row.height() - kindSize) / 2, kindSize, kindSize);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shown.isSelected ? colours.selectedIconGround : colours.icon);
+    painter.drawRoundedRect(box, kindRadius, kindRadius);
+    m_symbols.paint(painter, symbolOf(shown.clip.type), box, kindSymbol,
+        shown.isSelected ? colours.selectedIcon : colours.secondary);
+}
+
+void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow& shown,
+    TimePoint now, const QPalette& palette)
+{
+    const auto& colours = panelColours(palette);
+    const auto title = titleRect(row, shown);
+    if (shown.isRenaming) {
+        painter.setPen(colours.selectionEdge);
+        painter.setBrush(colours.field);
+        painter.drawRoundedRect(title.adjusted(-4.5, -2.5, 3.5, 1.5), 4, 4);
+    } else {
+        painter.setFont(panelFont(titleSize));
+        painter.setPen(colours.text);
+        const auto text = fromUtf8(paneltexts::rowTitle(shown.clip));
+        painter.drawText(title, oneLine,
+            QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, title.width()));
+    }
+    painter.setFont(panelFont(metaSize));
+    painter.setPen(colours.secondary);
+    paintMeta(painter, { title.left(), row.top() + metaTop, title.width(), metaHeight },
+        paneltexts::metaItems(shown.clip, now));
+}
+
+void ClipRowView::paintMarks(
+    QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
+{
+    const auto& colours = panelColours(palette);
+    const auto badge = fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex));
+    double x = row.right() - sidePadding - marksWidth(shown);
+    const auto mark = [&](std::string_view symbol, const QColor& colour) {
+        m_symbols.paint(
+            painter, symbol, { x, row.top(), markSymbol, row.height() }, markSymbol, colour);
+        x += markSymbol + markGap;
+    };
+    if (shown.clip.isOverflow)
+        mark("externaldrive", colours.secondary);
+    if (shown.clip.isPinned)
+        mark("pin.fill", colours.orange);
+    if (badge.isEmpty())
+        return;
+    painter.setFont(panelFont(metaSize));
+    const double height = std::ceil(metaSize * 1.25) + 2 * badgePaddingY;
+    const QRectF box(x, std::round(row.center().y() - height / 2), badgeWidth(badge), height);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours.badge);
+    painter.drawRoundedRect(box, badgeRadius, badgeRadius);
+    painter.setPen(colours.secondary);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, badge);
+}
+
+} // namespace korvane

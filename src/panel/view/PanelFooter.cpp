@@ -1,0 +1,68 @@
+#include "panel/view/PanelFooter.h"
+
+#include "panel/view/PanelStyle.h"
+
+#include <QPainter>
+
+namespace korvane {
+
+namespace {
+    QColor colourOf(paneltexts::FillLevel level, const PanelColours& colours)
+    {
+        switch (level) {
+        case paneltexts::FillLevel::low:
+            return colours.accent;
+        case paneltexts::FillLevel::half:
+            return colours.secondary;
+        case paneltexts::FillLevel::high:
+            return colours.orange;
+        case paneltexts::FillLevel::full:
+            return colours.red;
+        }
+        return colours.text;
+    }
+} // namespace
+
+PanelFooter::PanelFooter(ClipStore& store, QWidget* parent)
+    : QWidget(parent)
+    , m_store(store)
+    , m_clipsChanged(store.clipsChanged.connect([this] {
+        if (isVisible())
+            refresh();
+    }))
+{
+}
+
+void PanelFooter::paintEvent(QPaintEvent*)
+{
+    const auto& colours = panelColours(palette());
+    QPainter painter(this);
+    painter.fillRect(QRect(0, 0, width(), 1), colours.line);
+    painter.setFont(panelFont(11, QFont::Medium));
+    painter.setPen(colourOf(m_level, colours));
+    painter.drawText(rect().adjusted(14, 1, -14, 0),
+        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, m_totals);
+}
+
+void PanelFooter::showEvent(QShowEvent*)
+{
+    refresh();
+}
+
+void PanelFooter::refresh()
+{
+    const auto count = m_store.clips().size();
+    const auto bytes = m_store.totalBytes();
+    const auto totals = QString::fromStdString(paneltexts::totals(count, bytes));
+    const auto level
+        = paneltexts::fillLevel(count, m_store.maxClips(), bytes, m_store.maxTotalSizeMB());
+    setToolTip(QString::fromStdString(
+        paneltexts::totalsToolTip(count, m_store.maxClips(), m_store.maxTotalSizeMB())));
+    if (totals == m_totals && level == m_level)
+        return;
+    m_totals = totals;
+    m_level = level;
+    update();
+}
+
+} // namespace korvane

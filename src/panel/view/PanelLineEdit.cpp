@@ -1,0 +1,84 @@
+#include "panel/view/PanelLineEdit.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <utility>
+
+namespace korvane {
+
+namespace {
+
+    QString onOneLine(QString text)
+    {
+        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+        for (auto& character : text) {
+            if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator
+                || character == QChar::ParagraphSeparator)
+                character = u' ';
+        }
+        return text;
+    }
+
+} // namespace
+
+PanelLineEdit::PanelLineEdit(TextReader reader, QWidget* parent)
+    : QLineEdit(parent)
+    , m_reader(std::move(reader))
+{
+    setFrame(false);
+    setAcceptDrops(false); // a drop too would wait for the program that it comes from
+    auto clear = palette();
+    clear.setColor(QPalette::Base, Qt::transparent);
+    setPalette(clear);
+}
+
+void PanelLineEdit::pasteText()
+{
+    if (!m_reader)
+        return;
+    m_reader([self = QPointer<PanelLineEdit>(this)](const QString& text) {
+        if (self)
+            self->insert(onOneLine(text));
+    });
+}
+
+void PanelLineEdit::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Paste))
+        pasteText();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+void PanelLineEdit::mouseReleaseEvent(QMouseEvent* event)
+{
+    // The middle button would insert what is selected in another program, and wait for it.
+    if (event->button() == Qt::MiddleButton)
+        event->accept();
+    else
+        QLineEdit::mouseReleaseEvent(event);
+}
+
+void PanelLineEdit::contextMenuEvent(QContextMenuEvent* event)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [menu](const QString& title, bool isEnabled, auto action) {
+        menu->addAction(title, action)->setEnabled(isEnabled);
+    };
+    add(QStringLiteral("Undo"), isUndoAvailable(), [this] { undo(); });
+    add(QStringLiteral("Redo"), isRedoAvailable(), [this] { redo(); });
+    menu->addSeparator();
+    add(QStringLiteral("Cut"), hasSelectedText(), [this] { cut(); });
+    add(QStringLiteral("Copy"), hasSelectedText(), [this] { copy(); });
+    add(QStringLiteral("Paste"), true, [this] { pasteText(); });
+    menu->addSeparator();
+    add(QStringLiteral("Select All"), !text().isEmpty(), [this] { selectAll(); });
+    menu->popup(event->globalPos());
+}
+
+} // namespace korvane
