@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Preferences.h"
 #include "model/Signal.h"
 
 #include <functional>
@@ -57,6 +58,15 @@ public:
 
     /// The user clicked it with the left button.
     Signal<> clicked;
+};
+
+/// The colours of all our windows.
+class Appearance {
+public:
+    virtual ~Appearance() = default;
+
+    /// Light, dark, or as the desktop has it now and later on.
+    virtual void apply(Theme theme) = 0;
 };
 
 /// The screen that the status item is on.

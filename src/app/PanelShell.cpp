@@ -1,0 +1,103 @@
+#include "app/PanelShell.h"
+
+#include "app/Placement.h"
+#include "model/ClipStore.h"
+#include "model/Preferences.h"
+
+#include <utility>
+
+namespace korvane {
+
+using namespace std::chrono_literals;
+
+PanelShell::PanelShell(World world)
+    : m_world(std::move(world))
+    , m_outsideClick(m_world.outsideClicks.pressed.connect([this] { clickedOutside(); }))
+{
+}
+
+void PanelShell::ensurePanel()
+{
+    if (!m_panel)
+        m_panel = &m_world.makePanel();
+}
+
+void PanelShell::showPanel()
+{
+    if (isPanelVisible()) {
+        m_panel->show(); // it may have lost the keyboard
+        return;
+    }
+    willOpen();
+    ensurePanel();
+    m_panel->setFrame(placement::panelFrame(m_world.screens.statusItemFrame(),
+        m_world.screens.visibleFrame(), m_world.store.clips().size(),
+        panelAlignment(m_world.preferences)));
+    prepare();
+    m_panel->show();
+    m_world.outsideClicks.watch();
+}
+
+void PanelShell::hidePanel()
+{
+    hidePreview();
+    m_world.outsideClicks.unwatch();
+    if (m_panel)
+        m_panel->hide();
+}
+
+void PanelShell::togglePanel()
+{
+    if (isPanelVisible())
+        hidePanel();
+    else
+        showPanel();
+}
+
+void PanelShell::toggleFromStatusItem()
+{
+    if (!m_afterOutsideClick.isActive())
+        togglePanel();
+}
+
+bool PanelShell::isPanelVisible() const { return m_panel && m_panel->isVisible(); }
+
+void PanelShell::showPreview(const ClipItem&, std::optional<double>)
+{
+    if (m_panel && m_world.preview)
+        m_world.preview->show();
+}
+
+void PanelShell::hidePreview()
+{
+    if (m_world.preview)
+        m_world.preview->hide();
+}
+
+bool PanelShell::isPreviewVisible() const
+{
+    return m_world.preview && m_world.preview->isVisible();
+}
+
+void PanelShell::openPreferences()
+{
+    if (!m_world.settings)
+        return;
+    if (m_world.settings->isVisible()) {
+        m_world.settings->hide();
+        return;
+    }
+    const Rect size = m_world.settings->frame();
+    m_world.settings->setFrame(placement::besidePanel(size.width, size.height,
+        isPanelVisible() ? std::optional(m_panel->frame()) : std::nullopt,
+        m_world.screens.visibleFrame()));
+    m_world.settings->show();
+}
+
+void PanelShell::clickedOutside()
+{
+    hidePanel();
+    m_afterOutsideClick = m_world.loop.after(400ms, [this] { m_afterOutsideClick.stop(); });
+}
+
+} // namespace korvane

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/Windows.h"
+#include "model/MainLoop.h"
+#include "model/Signal.h"
+#include "panel/PanelHost.h"
+
+#include <functional>
+#include <optional>
+
+namespace korvane {
+
+class ClipStore;
+class Preferences;
+
+/// Shows and hides the panel, and what stands beside it.
+class PanelShell : public PanelHost {
+public:
+    struct World {
+        ClipStore& store;
+        Preferences& preferences;
+        Screens& screens;
+        OutsideClicks& outsideClicks;
+        MainLoop& loop;
+        /// Builds the panel's window; called once. The window outlives the shell's use of it.
+        std::function<PlacedWindow&()> makePanel;
+        /// The windows of preview and settings; none where the program has no such window.
+        PlacedWindow* preview = nullptr;
+        PlacedWindow* settings = nullptr;
+    };
+
+    explicit PanelShell(World world);
+
+    /// Builds the panel, unless it stands already.
+    void ensurePanel();
+    void showPanel();
+    void hidePanel();
+    void togglePanel();
+    /// A left click on the status item. In some trays its press is a click outside the panel as
+    /// well and closes it just before: then the click has had its effect and opens nothing.
+    void toggleFromStatusItem();
+    bool isPanelVisible() const;
+
+    void close() override { hidePanel(); }
+    void showPreview(const ClipItem& clip, std::optional<double> rowMidY) override;
+    void hidePreview() override;
+    bool isPreviewVisible() const override;
+    void openPreferences() override;
+
+    /// The panel is about to be placed and shown; what is in front has not changed yet.
+    Signal<> willOpen;
+    /// The panel has its place and is about to be shown: its contents are to be made ready.
+    Signal<> prepare;
+
+private:
+    void clickedOutside();
+
+    World m_world;
+    PlacedWindow* m_panel = nullptr; // until it has been built
+    Timer m_afterOutsideClick;
+    Connection m_outsideClick;
+};
+
+} // namespace korvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/Windows.h"
+#include "model/Preferences.h"
+
+#include <cstddef>
+#include <optional>
+
+namespace korvane {
+
+/// Where our windows go: pure functions over rectangles in points, origin at the bottom left.
+namespace placement {
+    inline constexpr double panelWidth = 360;
+    inline constexpr double initialPanelHeight = 480;
+    inline constexpr double heightPerClip = 50;
+    inline constexpr double heightAroundClips = 170;
+    inline constexpr double minimumPanelHeight = 250;
+    inline constexpr double marginToVisibleTop = 20;
+    inline constexpr double screenMargin = 8;
+    /// What is assumed of the screen where there is none.
+    inline constexpr Rect assumedVisibleFrame { 0, 0, 1440, 900 };
+
+    /// As high as the clips need, between the minimum and what the screen has room for.
+    double panelHeight(std::size_t clipCount, const Rect& visible);
+
+    /// The panel hangs under the status item.
+    Rect panelFrame(const Rect& statusItem, const Rect& visible, std::size_t clipCount, PanelAlignment alignment);
+
+    /// The place of a window of the given size beside the open panel: on its left where there is
+    /// room, else on its right, else in the middle; without a panel in the middle of the screen.
+    Rect besidePanel(double width, double height, const std::optional<Rect>& panel, const Rect& visible);
+}
+
+} // namespace korvane

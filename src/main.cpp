@@ -1,0 +1,218 @@
+// One running Korvane: introduces the platform to the application.
+
+#include "app/AppDelegate.h"
+#include "app/view/ApplicationTheme.h"
+#include "app/view/PanelWindow.h"
+#include "app/view/TrayItem.h"
+#include "app/view/TrayScreens.h"
+#include "platform/CommandLine.h"
+#include "platform/Instance.h"
+#include "platform/Platform.h"
+
+#include "platform/qt/QtMainLoop.h"
+#include "platform/xdg/BaseFolders.h"
+#include "platform/xdg/CanberraSoundPlayer.h"
+#include "platform/xdg/PreferencesFile.h"
+#include "platform/xdg/SystemLog.h"
+#include "platform/xdg/XdgDesktop.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+    constexpr const char* folderName = "com.VNT.Korvane";
+
+    void say(FILE* stream, const std::string& line) { std::fprintf(stream, "%s\n", line.c_str()); }
+
+    /// What is to be said and with which status to end, when the arguments ask for no more.
+    std::optional<int> answerArguments(const CommandLine& commandLine)
+    {
+        switch (commandLine.request) {
+        case CommandLine::Request::version:
+        case CommandLine::Request::help:
+            say(stdout, commandLine.text);
+            return EXIT_SUCCESS;
+        case CommandLine::Request::misuse:
+            say(stderr, commandLine.text);
+            return 2;
+        case CommandLine::Request::start:
+        case CommandLine::Request::wish:
+            break;
+        }
+        return std::nullopt;
+    }
+
+    TrayScreens::Pixels pixelsAt(X11Monitors& monitors, QPoint pixel)
+    {
+        const auto toQt = [](const PixelRect& rect) { return QRect(rect.x, rect.y, rect.width, rect.height); };
+        const auto area = monitors.areaAt(pixel.x(), pixel.y());
+        return { toQt(area.monitor), toQt(area.visible) };
+    }
+
+    TextReader textReader(Pasteboard& pasteboard)
+    {
+        return [&pasteboard](std::function<void(QString)> answer) {
+            pasteboard.read([answer = std::move(answer)](std::optional<Pasteboard::Contents> contents) {
+                answer(contents && contents->text ? QString::fromStdString(*contents->text) : QString());
+            });
+        };
+    }
+
+    /// The program from its first window to its end. Everything is a member, so that it ends in
+    /// the reverse order.
+    class Program {
+    public:
+        Program(const BaseFolders& folders, InstanceClaim claim)
+            : m_preferences(folders.configHome / folderName / "preferences.json", m_loop, m_log)
+            , m_platform(m_loop)
+            , m_desktop(QDBusConnection::sessionBus(), m_log)
+            , m_sounds(findSoundsFolder(QCoreApplication::applicationFilePath().toStdString(),
+                           KORVANE_SOUNDS_DIR),
+                  m_log)
+            , m_theme(m_dark)
+            , m_screens(m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
+            , m_app(ports(), folders.dataHome / folderName)
+            , m_instance(std::move(claim), m_loop)
+        {
+            m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
+            m_connections.push_back(
+                m_platform.connection().closed.connect([] { QCoreApplication::exit(EXIT_FAILURE); }));
+        }
+
+        bool launch()
+        {
+            if (!m_app.launch())
+                return false;
+            m_tray.show();
+            if (!TrayItem::isAvailable())
+                m_log.line("Korvane: there is no tray; the shortcut and korvane --show open the panel");
+            return true;
+        }
+
+        void fulfil(Wish wish)
+        {
+            switch (wish) {
+            case Wish::show:
+                return m_app.shell().showPanel();
+            case Wish::toggle:
+                return m_app.shell().togglePanel();
+            case Wish::hide:
+                return m_app.shell().hidePanel();
+            case Wish::quit:
+                return QCoreApplication::quit();
+            }
+        }
+
+        /// On the loop's next turn, when the panel stands.
+        void fulfilSoon(Wish wish)
+        {
+            m_loop.post([this, wish] { fulfil(wish); });
+        }
+
+    private:
+        Ports ports()
+        {
+            return { m_loop, m_log, m_preferences, m_platform.pasteboard(), m_platform.workspace(),
+                m_platform.hotkeyGrabber(), m_platform.keyboard(), m_desktop, m_sounds, m_tray,
+                m_screens, m_platform.outsideClicks(), m_theme,
+                [this](ClipStore& store, PanelController& controller) {
+                    return std::make_unique<PanelWindow>(store, controller, panelWorld());
+                },
+                [this] { m_loop.post([] { QCoreApplication::quit(); }); }, nullptr, nullptr, nullptr };
+        }
+
+        PanelWindow::World panelWorld()
+        {
+            return { m_loop, m_screens, m_platform.isComposited(), textReader(m_platform.pasteboard()),
+                [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
+                [this] { m_platform.giveBackKeyboard(); } };
+        }
+
+        QtMainLoop m_loop;
+        SystemLog m_log;
+        PreferencesFile m_preferences;
+        Platform m_platform;
+        XdgDesktop m_desktop;
+        CanberraSoundPlayer m_sounds;
+        Observable<bool> m_dark;
+        ApplicationTheme m_theme;
+        TrayItem m_tray;
+        TrayScreens m_screens;
+        AppDelegate m_app;
+        Instance m_instance;
+        std::vector<Connection> m_connections;
+    };
+
+    int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders, InstanceClaim claim)
+    {
+        // The panel is placed to the pixel outside the window manager's reach, which X11 offers.
+        if (std::getenv("DISPLAY") == nullptr) {
+            say(stderr, "korvane: there is no X11 display (DISPLAY is not set)");
+            return EXIT_FAILURE;
+        }
+        ::setenv("QT_QPA_PLATFORM", "xcb", 0);
+        QCoreApplication::setApplicationName("korvane");
+        QCoreApplication::setApplicationVersion(KORVANE_VERSION);
+        QGuiApplication::setApplicationDisplayName("Korvane");
+        QGuiApplication::setDesktopFileName(folderName);
+        QGuiApplication::setQuitOnLastWindowClosed(false);
+        const QApplication application(argc, argv);
+
+        Program program(folders, std::move(claim));
+        if (!program.launch()) {
+            say(stderr, "korvane: the stored shortcut is not possible; see hotkeyKeyCode and hotkeyModifiers in preferences.json");
+            return EXIT_FAILURE;
+        }
+        if (commandLine.opensPanel())
+            program.fulfilSoon(commandLine.wish);
+        return QApplication::exec();
+    }
+
+    int main(int argc, char** argv)
+    {
+        const std::vector<std::string_view> arguments(argv + std::min(argc, 1), argv + argc);
+        const auto commandLine = parseCommandLine(arguments);
+        if (const auto status = answerArguments(commandLine))
+            return *status;
+
+        const auto sources = FolderSources::ofProcess();
+        const auto folders = findBaseFolders(sources);
+        if (!folders) {
+            say(stderr, std::string(noHomeText));
+            return EXIT_FAILURE;
+        }
+        const auto runtimeFolder = findRuntimeFolder(sources);
+        if (!runtimeFolder) {
+            say(stderr, "korvane: there is no folder for its socket: XDG_RUNTIME_DIR is not set, and the one in /tmp belongs to somebody else");
+            return EXIT_FAILURE;
+        }
+        auto start = startInstance(*runtimeFolder, commandLine.wish);
+        switch (start.outcome) {
+        case InstanceStart::Outcome::passed:
+            return EXIT_SUCCESS;
+        case InstanceStart::Outcome::failed:
+            say(stderr, start.reason);
+            return EXIT_FAILURE;
+        case InstanceStart::Outcome::first:
+            break;
+        }
+        if (!commandLine.startsProgram())
+            return EXIT_SUCCESS;
+        return run(argc, argv, commandLine, *folders, std::move(*start.claim));
+    }
+
+}
+} // namespace korvane
+
+int main(int argc, char** argv) { return korvane::main(argc, argv); }

@@ -1,0 +1,201 @@
+#include "app/AppDelegate.h"
+
+#include "support/AppFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+    using namespace std::chrono_literals;
+
+    TEST(AppDelegateTest, ACopyBecomesAClipAndPlaysTheCopySound)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::playSoundOnCopy, true);
+        f.launch();
+
+        f.copy("hello");
+
+        EXPECT_EQ(f.clipText(0), "hello");
+        EXPECT_EQ(f.app->clipStore().clips()[0].sourceApp, "Mousepad");
+        EXPECT_EQ(f.sounds.played, (std::vector<std::string> { "Tink" }));
+    }
+
+    TEST(AppDelegateTest, WhatIsOnThePasteboardAtTheStartIsNotCaptured)
+    {
+        test::AppFixture f;
+        f.pasteboard.copyText("before");
+
+        f.launch();
+        f.loop.advance(2s);
+
+        EXPECT_EQ(f.clipCount(), 0U);
+    }
+
+    TEST(AppDelegateTest, TheTitleFollowsThePreferenceAndTheCount)
+    {
+        test::AppFixture f;
+        f.launch();
+        EXPECT_EQ(f.statusItem.title, "");
+
+        f.preferences.set(keys::showCountInMenuBar, true);
+        EXPECT_EQ(f.statusItem.title, " 0");
+        f.copy("one");
+        EXPECT_EQ(f.statusItem.title, " 1");
+        f.preferences.set(keys::showCountInMenuBar, false);
+        EXPECT_EQ(f.statusItem.title, "");
+    }
+
+    TEST(AppDelegateTest, TheThemeIsAppliedAtTheStartAndWithEachChange)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.preferences.set(keys::theme, std::string("dark"));
+        f.preferences.set(keys::theme, std::string("Dark"));
+
+        EXPECT_EQ(f.appearance.applied, (std::vector { Theme::automatic, Theme::dark, Theme::automatic }));
+    }
+
+    TEST(AppDelegateTest, TheIconTellsOfPrivateModeOnlyOnceItIsSwitched)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::privateModeEnabled, true);
+        f.launch();
+        EXPECT_EQ(f.statusItem.image, "doc.on.clipboard");
+        EXPECT_EQ(f.statusItem.menu()[0].title, "✓ Private Mode");
+
+        f.statusItem.choose("✓ Private Mode");
+        EXPECT_EQ(f.statusItem.image, "doc.on.clipboard");
+        EXPECT_FALSE(f.preferences.boolean(keys::privateModeEnabled));
+
+        f.statusItem.choose("   Private Mode");
+        EXPECT_EQ(f.statusItem.image, "lock.doc");
+    }
+
+    TEST(AppDelegateTest, NothingIsCapturedInPrivateModeNorWhenItEnds)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.statusItem.choose("   Private Mode");
+        f.copy("private");
+        f.statusItem.choose("✓ Private Mode");
+        f.loop.advance(1s);
+
+        f.copy("public");
+
+        ASSERT_EQ(f.clipCount(), 1U);
+        EXPECT_EQ(f.clipText(0), "public");
+    }
+
+    TEST(AppDelegateTest, TheShortcutTogglesThePanelOnTheNextTurn)
+    {
+        test::AppFixture f;
+        f.launch();
+        EXPECT_EQ(f.grabber.held, (test::FakeHotkeyGrabber::Chord { 49, 4096 }));
+
+        f.grabber.pressed();
+        EXPECT_FALSE(f.panel->isShown);
+        f.loop.turn();
+        EXPECT_TRUE(f.panel->isShown);
+        f.grabber.pressed();
+        f.loop.turn();
+        EXPECT_FALSE(f.panel->isShown);
+    }
+
+    TEST(AppDelegateTest, ATakenShortcutIsNoReasonNotToRun)
+    {
+        test::AppFixture f;
+        f.grabber.taken.insert({ 49, 4096 });
+
+        f.launch();
+
+        EXPECT_TRUE(f.wasLaunched);
+        EXPECT_TRUE(f.log.lines.empty());
+    }
+
+    TEST(AppDelegateTest, AnImpossibleStoredShortcutEndsTheLaunch)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::hotkeyKeyCode, std::int64_t { 4294967296 });
+        f.make();
+
+        EXPECT_FALSE(f.app->launch());
+        EXPECT_EQ(f.log.lines.size(), 1U);
+    }
+
+    TEST(AppDelegateTest, ALeftClickTogglesThePanelAlsoAfterTheMenuWasOpen)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.statusItem.menu();
+        f.statusItem.clicked();
+
+        EXPECT_TRUE(f.panel->isShown);
+    }
+
+    TEST(AppDelegateTest, TheMenusOtherItemsReachTheirPorts)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.statusItem.choose("Check for Updates...");
+        f.statusItem.choose("More from the Makers of Korvane");
+        f.statusItem.choose("Quit Korvane");
+
+        EXPECT_EQ(f.updateChecks, 1);
+        EXPECT_EQ(f.desktop.opened, (std::vector<std::string> { "https://korvane.example/more" }));
+        EXPECT_EQ(f.quits, 1);
+    }
+
+    TEST(AppDelegateTest, APasteAnywherePlaysThePasteSound)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::playSoundOnPaste, true);
+        f.launch();
+
+        f.keyboard.keyDown({ keycodes::v, modifiers::command, "" });
+
+        EXPECT_EQ(f.sounds.played, (std::vector<std::string> { "Hero" }));
+    }
+
+    TEST(AppDelegateTest, WithoutAKeyListenerTheProgramRunsOnAndSaysSoOnce)
+    {
+        test::AppFixture f;
+        f.keyboard.canListen = false;
+
+        f.launch();
+
+        EXPECT_TRUE(f.wasLaunched);
+        EXPECT_EQ(f.log.lines,
+            (std::vector<std::string> {
+                "Korvane: failed to create CGEventTap — is Accessibility granted?" }));
+    }
+
+    TEST(AppDelegateTest, EndingLetsTheShortcutGo)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.app.reset();
+
+        EXPECT_EQ(f.grabber.held, std::nullopt);
+        EXPECT_EQ(f.loop.pendingTimers(), 0U);
+    }
+
+    TEST(AppDelegateTest, TheHistoryIsThereAgainAfterARestart)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.copy("kept");
+
+        f.launch();
+
+        ASSERT_EQ(f.clipCount(), 1U);
+        EXPECT_EQ(f.clipText(0), "kept");
+    }
+
+}
+} // namespace korvane

@@ -1,0 +1,194 @@
+#include "app/PanelShell.h"
+
+#include "support/AppFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+    using namespace std::chrono_literals;
+
+    struct ShellFixture : test::AppFixture {
+        ShellFixture() { launch(); }
+        PanelShell& shell() { return app->shell(); }
+    };
+
+    TEST(PanelShellTest, ThePanelIsBuiltAfterLaunchAndNotShown)
+    {
+        ShellFixture f;
+
+        ASSERT_NE(f.panel, nullptr);
+        EXPECT_EQ(f.panel->shows, 0);
+    }
+
+    TEST(PanelShellTest, ThePanelStandsUnderTheStatusItem)
+    {
+        ShellFixture f;
+
+        f.shell().showPanel();
+
+        EXPECT_EQ(f.panel->place, (Rect { 1012 - 180, 874 - 250, 360, 250 }));
+    }
+
+    TEST(PanelShellTest, TheAlignmentIsReadAtEachOpening)
+    {
+        ShellFixture f;
+        f.shell().togglePanel();
+        f.shell().togglePanel();
+
+        f.preferences.set(keys::panelAlignment, std::string("left"));
+        f.shell().togglePanel();
+
+        EXPECT_EQ(f.panel->place.right(), 1024);
+    }
+
+    TEST(PanelShellTest, ToggleShowsAndHides)
+    {
+        ShellFixture f;
+
+        f.shell().togglePanel();
+        EXPECT_TRUE(f.panel->isShown);
+        f.shell().togglePanel();
+        EXPECT_FALSE(f.panel->isShown);
+    }
+
+    TEST(PanelShellTest, AClickOutsideClosesThePanelAndItsPreview)
+    {
+        ShellFixture f;
+        f.shell().showPanel();
+        f.preview.show();
+
+        f.outsideClicks.click();
+
+        EXPECT_FALSE(f.panel->isShown);
+        EXPECT_FALSE(f.preview.isShown);
+    }
+
+    TEST(PanelShellTest, ClicksAreWatchedExactlyWhileThePanelIsOpen)
+    {
+        ShellFixture f;
+        EXPECT_FALSE(f.outsideClicks.isWatched);
+
+        f.shell().showPanel();
+        EXPECT_TRUE(f.outsideClicks.isWatched);
+        f.shell().hidePanel();
+        EXPECT_FALSE(f.outsideClicks.isWatched);
+    }
+
+    TEST(PanelShellTest, TheClickThatClosedThePanelFromOutsideDoesNotOpenItAgain)
+    {
+        ShellFixture f;
+        f.shell().showPanel();
+
+        f.outsideClicks.click();
+        f.loop.advance(100ms);
+        f.statusItem.clicked();
+        EXPECT_FALSE(f.panel->isShown);
+
+        f.loop.advance(300ms);
+        f.statusItem.clicked();
+        EXPECT_TRUE(f.panel->isShown);
+    }
+
+    TEST(PanelShellTest, ShowingAnOpenPanelOnlyGivesItTheKeyboardAgain)
+    {
+        ShellFixture f;
+        f.copy("text");
+        f.shell().showPanel();
+        f.app->clipStore().panel().panelSearch.set("te");
+
+        f.shell().showPanel();
+
+        EXPECT_EQ(f.panel->shows, 2);
+        EXPECT_EQ(f.app->clipStore().panel().panelSearch.value(), "te");
+        EXPECT_EQ(f.app->clipStore().panel().panelOpenCount.value(), 1);
+    }
+
+    TEST(PanelShellTest, OpeningSelectsTheClipThatIsOnTheClipboard)
+    {
+        ShellFixture f;
+        f.copy("older");
+        f.copy("newer");
+        f.shell().showPanel();
+        f.press(keycodes::downArrow);
+        f.press(keycodes::escape);
+
+        f.shell().showPanel();
+
+        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+    }
+
+    TEST(PanelShellTest, OpeningSelectsTheFirstClipWhenTheClipboardHoldsNone)
+    {
+        ShellFixture f;
+        f.copy("older");
+        f.copy("newer");
+        f.workspace.bringToFront("org.keepassx.keepassxc", "KeePassXC");
+        f.copy("older"); // a password that happens to be known: not looked at
+
+        f.shell().showPanel();
+        f.loop.turn();
+
+        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[0].id);
+        EXPECT_EQ(f.pasteboard.reads, 2);
+    }
+
+    TEST(PanelShellTest, WhatWasOnTheClipboardBeforeTheStartIsFoundInTheHistory)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.copy("older");
+        f.copy("newer");
+        f.pasteboard.copyText("older");
+        f.app.reset();
+        f.launch();
+
+        f.app->shell().showPanel();
+        f.loop.turn();
+
+        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+    }
+
+    TEST(PanelShellTest, ASlowClipboardDoesNotTakeASelectionThatTheUserHasMoved)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.copy("one");
+        f.copy("two");
+        f.copy("three");
+        f.pasteboard.copyText("one");
+        f.app.reset();
+        f.launch();
+        f.pasteboard.holdsAnswers = true;
+        f.app->shell().showPanel();
+        f.press(keycodes::downArrow);
+
+        f.pasteboard.answerOldest();
+
+        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+    }
+
+    TEST(PanelShellTest, PreferencesOpenAndCloseTheSettingsWindow)
+    {
+        ShellFixture f;
+
+        f.statusItem.choose("Preferences...");
+        EXPECT_TRUE(f.settings.isShown);
+        EXPECT_EQ(f.settings.place, (Rect { 460, 227, 520, 420 }));
+        f.statusItem.choose("Preferences...");
+        EXPECT_FALSE(f.settings.isShown);
+    }
+
+    TEST(PanelShellTest, TheSettingsWindowStandsBesideTheOpenPanel)
+    {
+        ShellFixture f;
+        f.shell().showPanel();
+
+        f.shell().openPreferences();
+
+        EXPECT_EQ(f.settings.place.right(), f.panel->place.left() - 8);
+    }
+
+}
+} // namespace korvane

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "capture/Pasteboard.h"
+#include "model/MainLoop.h"
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvane::test {
+
+/// A pasteboard in memory, with the other programs' side of it as well.
+class FakePasteboard : public Pasteboard {
+public:
+    explicit FakePasteboard(MainLoop& loop)
+        : m_loop(loop)
+    {
+    }
+
+    std::int64_t changeCount() const override { return m_changeCount; }
+
+    void read(Answer answer) override
+    {
+        ++reads;
+        m_readsUnderWay.push_back({ m_changeCount, std::move(answer) });
+        if (!holdsAnswers)
+            m_loop.post([this] { answerOldest(); });
+    }
+
+    void writeText(std::string_view text) override
+    {
+        written.emplace_back(text);
+        m_contents
+            = Contents { .isSecret = false, .uriList = std::nullopt, .text = std::string(text) };
+        ++m_changeCount;
+    }
+
+    /// Another program copies.
+    void copy(Contents contents)
+    {
+        m_contents = std::move(contents);
+        count();
+    }
+    void copyText(std::string text)
+    {
+        copy({ .isSecret = false, .uriList = std::nullopt, .text = std::move(text) });
+    }
+    void copyFiles(std::string uriList)
+    {
+        copy({ .isSecret = false, .uriList = std::move(uriList), .text = std::nullopt });
+    }
+    /// The program that owns the contents ends.
+    void ownerEnds()
+    {
+        m_contents.reset();
+        count();
+        ownerVanished();
+    }
+
+    /// Answers the oldest read that is under way, by what is there now: nothing when the contents
+    /// have changed since it began.
+    void answerOldest() { answerAt(0); }
+    /// Answers another one first.
+    void answerAt(std::size_t index)
+    {
+        const auto place = m_readsUnderWay.begin() + static_cast<std::ptrdiff_t>(index);
+        const auto read = std::move(*place);
+        m_readsUnderWay.erase(place);
+        read.answer(read.changeCount == m_changeCount ? m_contents : std::nullopt);
+    }
+    /// Answers a read by contents that it had fetched before they changed.
+    void answerAt(std::size_t index, std::optional<Contents> contents)
+    {
+        const auto place = m_readsUnderWay.begin() + static_cast<std::ptrdiff_t>(index);
+        const auto read = std::move(*place);
+        m_readsUnderWay.erase(place);
+        read.answer(std::move(contents));
+    }
+    std::size_t readsUnderWay() const { return m_readsUnderWay.size(); }
+    const std::optional<Contents>& contents() const { return m_contents; }
+
+    /// Reads stay unanswered until the test answers them.
+    bool holdsAnswers = false;
+    /// False: nobody is told of a change, so that only a look at the count finds it.
+    bool tellsOfChanges = true;
+    int reads = 0;
+    std::vector<std::string> written;
+
+private:
+    struct ReadUnderWay {
+        std::int64_t changeCount;
+        Answer answer;
+    };
+
+    void count()
+    {
+        ++m_changeCount;
+        if (tellsOfChanges)
+            changed();
+    }
+
+    MainLoop& m_loop;
+    std::int64_t m_changeCount = 100;
+    std::optional<Contents> m_contents;
+    std::deque<ReadUnderWay> m_readsUnderWay;
+};
+
+} // namespace korvane::test
