@@ -1,5 +1,5 @@
-#include "bench/History.h"
-#include "bench/Ratio.h"
+#include "benches/History.h"
+#include "benches/Ratio.h"
 
 #include <fcntl.h>
 #include <unistd.h>

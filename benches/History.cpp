@@ -1,4 +1,4 @@
-#include "bench/History.h"
+#include "benches/History.h"
 
 #include "model/ClipJson.h"
 

@@ -1,4 +1,4 @@
-#include "bench/Ratio.h"
+#include "benches/Ratio.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "model/Classifier.h"
 
-#include "bench/History.h"
-#include "bench/Ratio.h"
+#include "benches/History.h"
+#include "benches/Ratio.h"
 
 #include <cstdlib>
 
