@@ -14,13 +14,16 @@ namespace korvane::bench {
 
 namespace {
 
-    constexpr std::array<std::string_view, 24> words { "window", "harbour", "letter", "morning", "quiet",
-        "river", "garden", "paper", "winter", "yellow", "answer", "bridge", "candle", "distant", "every",
-        "forest", "gentle", "hollow", "island", "journey", "kitchen", "lantern", "meadow", "nothing" };
-    constexpr std::array<std::string_view, 4> codeLines { "for (const auto& clip : store.clips()) {\n",
-        "    total += bytes(clip); // \"weighed\"\n", "}\n", "\treturn total > limit ? evict(clip) : total;\n" };
-    constexpr std::array<std::string_view, 4> chinese { "剪贴板里的每一段文字都会被记住", "今天早上的会议改到九点",
-        "请把打印好的图纸带来", "窗外的河水很安静" };
+    constexpr std::array<std::string_view, 24> words { "window", "harbour", "letter", "morning",
+        "quiet", "river", "garden", "paper", "winter", "yellow", "answer", "bridge", "candle",
+        "distant", "every", "forest", "gentle", "hollow", "island", "journey", "kitchen", "lantern",
+        "meadow", "nothing" };
+    constexpr std::array<std::string_view, 4> codeLines {
+        "for (const auto& clip : store.clips()) {\n", "    total += bytes(clip); // \"weighed\"\n",
+        "}\n", "\treturn total > limit ? evict(clip) : total;\n"
+    };
+    constexpr std::array<std::string_view, 4> chinese { "剪贴板里的每一段文字都会被记住",
+        "今天早上的会议改到九点", "请把打印好的图纸带来", "窗外的河水很安静" };
     constexpr std::array<std::string_view, 4> emoji { "☕ ", "👍🏽 ", "👩‍💻 ", "🎉 " };
 
     void appendSentence(std::string& text, std::mt19937& random)
@@ -41,7 +44,7 @@ namespace {
         text.resize(bytes);
     }
 
-}
+} // namespace
 
 std::string mixedText(std::size_t bytes, unsigned number)
 {
@@ -82,7 +85,8 @@ namespace {
 
     /// Writes a history file as the store would have, but at once: adding clip by clip would save as
     /// often as there are clips.
-    std::filesystem::path filledFolder(const std::filesystem::path& parent, int count, std::size_t bytes)
+    std::filesystem::path filledFolder(
+        const std::filesystem::path& parent, int count, std::size_t bytes)
     {
         std::vector<ClipItem> clips;
         for (int number = 0; number < count; ++number) {
@@ -101,7 +105,7 @@ namespace {
         return folder;
     }
 
-}
+} // namespace
 
 HistoryOf::HistoryOf(int count, std::size_t bytes)
     : folder(filledFolder(temp.path(), count, bytes))

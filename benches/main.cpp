@@ -26,12 +26,14 @@ namespace {
         return text;
     }
 
-}
+} // namespace
 
 void Report::ratio(std::string_view what, Seconds ours, Seconds limit, double atMost)
 {
     const double times = ours / limit;
-    row(what, inWords(times) + " times (" + inWords(ours) + " / " + inWords(limit) + "), at most " + inWords(atMost),
+    row(what,
+        inWords(times) + " times (" + inWords(ours) + " / " + inWords(limit) + "), at most "
+            + inWords(atMost),
         times <= atMost);
 }
 
@@ -42,7 +44,8 @@ void Report::absolute(std::string_view what, Seconds ours, Seconds atMost)
 
 void Report::row(std::string_view what, const std::string& figures, bool isWithin)
 {
-    std::printf("%s  %-62.*s %s\n", isWithin ? "ok  " : "OVER", static_cast<int>(what.size()), what.data(), figures.c_str());
+    std::printf("%s  %-62.*s %s\n", isWithin ? "ok  " : "OVER", static_cast<int>(what.size()),
+        what.data(), figures.c_str());
     std::fflush(stdout);
     m_allWithin = m_allWithin && isWithin;
 }

@@ -8,7 +8,7 @@
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
 #include "platform/Platform.h"
-
+#include "platform/qt/PortalColorScheme.h"
 #include "platform/qt/QtMainLoop.h"
 #include "platform/xdg/BaseFolders.h"
 #include "platform/xdg/CanberraSoundPlayer.h"
@@ -33,7 +33,10 @@ namespace {
 
     constexpr const char* folderName = "com.VNT.Korvane";
 
-    void say(FILE* stream, const std::string& line) { std::fprintf(stream, "%s\n", line.c_str()); }
+    void say(FILE* stream, const std::string& line)
+    {
+        std::fprintf(stream, "%s\n", line.c_str());
+    }
 
     /// What is to be said and with which status to end, when the arguments ask for no more.
     std::optional<int> answerArguments(const CommandLine& commandLine)
@@ -53,9 +56,15 @@ namespace {
         return std::nullopt;
     }
 
+    PixelRect pixelRect(const QRect& rect)
+    {
+        return { rect.x(), rect.y(), rect.width(), rect.height() };
+    }
+
     TrayScreens::Pixels pixelsAt(X11Monitors& monitors, QPoint pixel)
     {
-        const auto toQt = [](const PixelRect& rect) { return QRect(rect.x, rect.y, rect.width, rect.height); };
+        const auto toQt
+            = [](const PixelRect& rect) { return QRect(rect.x, rect.y, rect.width, rect.height); };
         const auto area = monitors.areaAt(pixel.x(), pixel.y());
         return { toQt(area.monitor), toQt(area.visible) };
     }
@@ -63,9 +72,11 @@ namespace {
     TextReader textReader(Pasteboard& pasteboard)
     {
         return [&pasteboard](std::function<void(QString)> answer) {
-            pasteboard.read([answer = std::move(answer)](std::optional<Pasteboard::Contents> contents) {
-                answer(contents && contents->text ? QString::fromStdString(*contents->text) : QString());
-            });
+            pasteboard.read(
+                [answer = std::move(answer)](std::optional<Pasteboard::Contents> contents) {
+                    answer(contents && contents->text ? QString::fromStdString(*contents->text)
+                                                      : QString());
+                });
         };
     }
 
@@ -80,14 +91,15 @@ namespace {
             , m_sounds(findSoundsFolder(QCoreApplication::applicationFilePath().toStdString(),
                            KORVANE_SOUNDS_DIR),
                   m_log)
-            , m_theme(m_dark)
-            , m_screens(m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
+            , m_theme(m_colourScheme.isDark())
+            , m_screens(
+                  m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
             , m_app(ports(), folders.dataHome / folderName)
             , m_instance(std::move(claim), m_loop)
         {
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
-            m_connections.push_back(
-                m_platform.connection().closed.connect([] { QCoreApplication::exit(EXIT_FAILURE); }));
+            m_connections.push_back(m_platform.connection().closed.connect(
+                [] { QCoreApplication::exit(EXIT_FAILURE); }));
         }
 
         bool launch()
@@ -96,7 +108,8 @@ namespace {
                 return false;
             m_tray.show();
             if (!TrayItem::isAvailable())
-                m_log.line("Korvane: there is no tray; the shortcut and korvane --show open the panel");
+                m_log.line(
+                    "Korvane: there is no tray; the shortcut and korvane --show open the panel");
             return true;
         }
 
@@ -129,14 +142,20 @@ namespace {
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
-                [this] { m_loop.post([] { QCoreApplication::quit(); }); }, nullptr, nullptr, nullptr };
+                [this] { m_loop.post([] { QCoreApplication::quit(); }); }, nullptr, nullptr,
+                nullptr };
         }
 
         PanelWindow::World panelWorld()
         {
-            return { m_loop, m_screens, m_platform.isComposited(), textReader(m_platform.pasteboard()),
+            return { m_loop, m_screens, m_platform.isComposited(),
+                textReader(m_platform.pasteboard()),
                 [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
-                [this] { m_platform.giveBackKeyboard(); } };
+                [this] { m_platform.giveBackKeyboard(); },
+                [this](std::uint32_t window, QRect panel, QSize whole) {
+                    m_platform.tellWindowFrame(
+                        window, pixelRect(panel), whole.width(), whole.height());
+                } };
         }
 
         QtMainLoop m_loop;
@@ -145,7 +164,7 @@ namespace {
         Platform m_platform;
         XdgDesktop m_desktop;
         CanberraSoundPlayer m_sounds;
-        Observable<bool> m_dark;
+        PortalColorScheme m_colourScheme;
         ApplicationTheme m_theme;
         TrayItem m_tray;
         TrayScreens m_screens;
@@ -154,14 +173,15 @@ namespace {
         std::vector<Connection> m_connections;
     };
 
-    int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders, InstanceClaim claim)
+    int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders,
+        InstanceClaim claim)
     {
         // The panel is placed to the pixel outside the window manager's reach, which X11 offers.
         if (std::getenv("DISPLAY") == nullptr) {
             say(stderr, "korvane: there is no X11 display (DISPLAY is not set)");
             return EXIT_FAILURE;
         }
-        ::setenv("QT_QPA_PLATFORM", "xcb", 0);
+        ::setenv("QT_QPA_PLATFORM", "xcb", 1);
         QCoreApplication::setApplicationName("korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
         QGuiApplication::setApplicationDisplayName("Korvane");
@@ -171,7 +191,9 @@ namespace {
 
         Program program(folders, std::move(claim));
         if (!program.launch()) {
-            say(stderr, "korvane: the stored shortcut is not possible; see hotkeyKeyCode and hotkeyModifiers in preferences.json");
+            say(stderr,
+                "korvane: the stored shortcut is not possible; see hotkeyKeyCode and "
+                "hotkeyModifiers in preferences.json");
             return EXIT_FAILURE;
         }
         if (commandLine.opensPanel())
@@ -194,7 +216,9 @@ namespace {
         }
         const auto runtimeFolder = findRuntimeFolder(sources);
         if (!runtimeFolder) {
-            say(stderr, "korvane: there is no folder for its socket: XDG_RUNTIME_DIR is not set, and the one in /tmp belongs to somebody else");
+            say(stderr,
+                "korvane: there is no folder for its socket: XDG_RUNTIME_DIR is not set, and the "
+                "one in /tmp belongs to somebody else");
             return EXIT_FAILURE;
         }
         auto start = startInstance(*runtimeFolder, commandLine.wish);
@@ -212,7 +236,10 @@ namespace {
         return run(argc, argv, commandLine, *folders, std::move(*start.claim));
     }
 
-}
+} // namespace
 } // namespace korvane
 
-int main(int argc, char** argv) { return korvane::main(argc, argv); }
+int main(int argc, char** argv)
+{
+    return korvane::main(argc, argv);
+}

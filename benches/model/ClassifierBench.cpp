@@ -19,9 +19,11 @@ void benchClassifier(Report& report)
         keep(sum);
     };
 
-    const auto [classify, pass] = compare(11, [&] { keep(classifyContent(text)); }, onePass);
+    const auto [classify, pass] = compare(
+        11, [&] { keep(classifyContent(text)); }, onePass);
     report.ratio("classify 10 MB of prose", classify, pass, 60);
-    const auto [emoji, passAgain] = compare(11, [&] { keep(containsEmoji(text)); }, onePass);
+    const auto [emoji, passAgain] = compare(
+        11, [&] { keep(containsEmoji(text)); }, onePass);
     report.ratio("containsEmoji of 10 MB of prose", emoji, passAgain, 10);
 }
 

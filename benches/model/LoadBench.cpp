@@ -36,7 +36,8 @@ namespace {
     }
 
     /// Starts this program once more and takes the seconds that it prints.
-    Seconds inFreshProcess(const std::string& program, const std::string& what, const std::string& folder)
+    Seconds inFreshProcess(
+        const std::string& program, const std::string& what, const std::string& folder)
     {
         const std::string command = "'" + program + "' " + what + " '" + folder + "'";
         const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(command.c_str(), "r"), ::pclose);
@@ -46,7 +47,8 @@ namespace {
         return Seconds(seconds);
     }
 
-    void benchHistory(Report& report, const std::string& program, const std::string& name, int count, std::size_t bytes)
+    void benchHistory(Report& report, const std::string& program, const std::string& name,
+        int count, std::size_t bytes)
     {
         const HistoryOf history(count, bytes);
         std::vector<Seconds> ours;
@@ -58,7 +60,7 @@ namespace {
         report.ratio("load, " + name, median(ours), median(limit), 5);
     }
 
-}
+} // namespace
 
 int loadInThisProcess(const std::string& what, const std::string& folder)
 {

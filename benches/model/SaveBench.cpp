@@ -24,7 +24,8 @@ namespace {
     {
         const auto file = folder / "raw.json";
         const auto beside = folder / "raw.json.new";
-        const int descriptor = ::open(beside.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0600);
+        const int descriptor
+            = ::open(beside.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0600);
         std::size_t written = 0;
         while (written < bytes.size()) {
             const auto count = ::write(descriptor, bytes.data() + written, bytes.size() - written);
@@ -55,7 +56,7 @@ namespace {
         report.ratio("save after one copy, " + name, ours, limit, 2);
     }
 
-}
+} // namespace
 
 void benchSave(Report& report)
 {

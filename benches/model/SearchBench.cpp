@@ -38,19 +38,22 @@ namespace {
     void benchHistory(Report& report, const std::string& name, int count, std::size_t bytes)
     {
         HistoryOf history(count, bytes);
-        const std::pair<const char*, const char*> needles[] = { { "rare", "Clip 7\n" },
-            { "absent", "zyzzyva" }, { "common letter", "e" }, { "common letters, absent", "eeeee" },
-            { "non-ASCII", "图纸带" }, { "non-ASCII, absent", "ÉÈÊ" } };
+        const std::pair<const char*, const char*> needles[]
+            = { { "rare", "Clip 7\n" }, { "absent", "zyzzyva" }, { "common letter", "e" },
+                  { "common letters, absent", "eeeee" }, { "non-ASCII", "图纸带" },
+                  { "non-ASCII, absent", "ÉÈÊ" } };
         for (const auto& [kind, needle] : needles) {
             history.store.panel().panelSearch.set(needle);
-            static_cast<void>(history.store.filteredClips()); // makes the keys, as the loop would have
+            static_cast<void>(
+                history.store.filteredClips()); // makes the keys, as the loop would have
             const auto [ours, limit] = compare(
-                21, [&] { keep(history.store.filteredClips()); }, [&] { readHistory(history.store); });
+                21, [&] { keep(history.store.filteredClips()); },
+                [&] { readHistory(history.store); });
             report.ratio("search " + name + ", " + kind, ours, limit, 5);
         }
     }
 
-}
+} // namespace
 
 void benchSearch(Report& report)
 {

@@ -23,7 +23,7 @@ namespace {
             std::move(makePanel), ports.preview, ports.settings };
     }
 
-}
+} // namespace
 
 AppDelegate::AppDelegate(Ports ports, const std::filesystem::path& dataFolder)
     : m_ports(std::move(ports))
@@ -32,18 +32,24 @@ AppDelegate::AppDelegate(Ports ports, const std::filesystem::path& dataFolder)
     , m_hotkeys(m_ports.hotkeyGrabber, m_ports.preferences, m_ports.loop)
     , m_sounds(m_ports.preferences, m_ports.sounds)
     , m_clipboard(m_store, m_ports.pasteboard)
-    , m_shell(shellWorld(m_ports, m_store, [this]() -> PlacedWindow& {
-        m_panelWindow = m_ports.makePanel(m_store, m_panel);
-        return *m_panelWindow;
-    }))
+    , m_shell(shellWorld(m_ports, m_store,
+          [this]() -> PlacedWindow& {
+              m_panelWindow = m_ports.makePanel(m_store, m_panel);
+              return *m_panelWindow;
+          }))
     , m_paster({ m_store, m_monitor, m_clipboard, m_ports.pasteboard, m_ports.workspace,
-          m_ports.keyboard, m_ports.desktop, m_sounds, m_ports.loop, [this] { m_shell.hidePanel(); } })
+          m_ports.keyboard, m_ports.desktop, m_sounds, m_ports.loop,
+          [this] { m_shell.hidePanel(); } })
     , m_tabs(m_store, m_ports.loop)
     , m_panel(m_store, m_ports.preferences, m_shell, m_paster, m_tabs)
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    // The window that the panel has taken the keyboard from gets it back.
+    m_shell.hidePanel();
+}
 
 bool AppDelegate::launch()
 {
@@ -90,8 +96,11 @@ void AppDelegate::setupStatusItem()
 void AppDelegate::connectCapture()
 {
     m_monitor.onNewClip = [this](ClipItem clip) { captured(std::move(clip)); };
+    m_connections.push_back(
+        m_monitor.privateModeChanged.connect([this](bool) { updateStatusIcon(); }));
     m_connections.push_back(m_ports.pasteboard.ownerVanished.connect([this] {
-        if (const ClipItem* clip = m_clipboard.clipBeforeLatestChange())
+        const ClipItem* clip = m_clipboard.clipBeforeLatestChange();
+        if (clip && !m_monitor.isPrivateModeEnabled())
             m_paster.restore(*clip);
     }));
 }
@@ -100,7 +109,9 @@ void AppDelegate::captured(ClipItem clip)
 {
     const bool isText = clip.type != ClipType::file;
     const auto kept = m_store.add(std::move(clip));
-    m_clipboard.holds(isText ? kept : std::nullopt);
+    // An answer that was held back behind an earlier copy may no longer be what is there.
+    const bool isThere = m_monitor.deliveredChangeCount() == m_ports.pasteboard.changeCount();
+    m_clipboard.holds(isText && isThere ? kept : std::nullopt);
     m_sounds.clipCaptured();
 }
 
@@ -114,7 +125,9 @@ void AppDelegate::connectPanel()
 void AppDelegate::preparePanel()
 {
     if (const ClipItem* clip = m_clipboard.clip()) {
-        m_panel.prepareToOpen(clip->text);
+        // The clipboard holds the whole of a large clip, which is the text of no row.
+        m_panel.prepareToOpen(
+            clip->isOverflow ? std::nullopt : std::optional<std::string_view>(clip->text));
         return;
     }
     m_panel.prepareToOpen(std::nullopt);
@@ -161,8 +174,7 @@ void AppDelegate::installPasteListener()
 
 void AppDelegate::togglePrivateMode()
 {
-    m_monitor.setPrivateModeEnabled(!m_monitor.isPrivateModeEnabled());
-    updateStatusIcon();
+    m_monitor.setPrivateModeEnabled(!m_monitor.isPrivateModeEnabled()); // updates the icon
 }
 
 void AppDelegate::updateStatusTitle()
@@ -178,6 +190,9 @@ void AppDelegate::updateStatusIcon()
         m_monitor.isPrivateModeEnabled() ? statustext::privateImage : statustext::image);
 }
 
-void AppDelegate::applyTheme() { m_ports.appearance.apply(theme(m_ports.preferences)); }
+void AppDelegate::applyTheme()
+{
+    m_ports.appearance.apply(theme(m_ports.preferences));
+}
 
 } // namespace korvane

@@ -17,7 +17,10 @@ void ClipboardNow::holds(std::optional<ClipId> id)
     m_changeCount = m_pasteboard.changeCount();
 }
 
-const ClipItem* ClipboardNow::clip() const { return clipAt(m_pasteboard.changeCount()); }
+const ClipItem* ClipboardNow::clip() const
+{
+    return clipAt(m_pasteboard.changeCount());
+}
 
 const ClipItem* ClipboardNow::clipBeforeLatestChange() const
 {

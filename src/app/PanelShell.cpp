@@ -30,9 +30,9 @@ void PanelShell::showPanel()
     }
     willOpen();
     ensurePanel();
-    m_panel->setFrame(placement::panelFrame(m_world.screens.statusItemFrame(),
-        m_world.screens.visibleFrame(), m_world.store.clips().size(),
-        panelAlignment(m_world.preferences)));
+    const auto frames = m_world.screens.look();
+    m_panel->setFrame(placement::panelFrame(frames.statusItem, frames.visible,
+        m_world.store.clips().size(), panelAlignment(m_world.preferences)));
     prepare();
     m_panel->show();
     m_world.outsideClicks.watch();
@@ -60,7 +60,10 @@ void PanelShell::toggleFromStatusItem()
         togglePanel();
 }
 
-bool PanelShell::isPanelVisible() const { return m_panel && m_panel->isVisible(); }
+bool PanelShell::isPanelVisible() const
+{
+    return m_panel && m_panel->isVisible();
+}
 
 void PanelShell::showPreview(const ClipItem&, std::optional<double>)
 {
@@ -90,7 +93,7 @@ void PanelShell::openPreferences()
     const Rect size = m_world.settings->frame();
     m_world.settings->setFrame(placement::besidePanel(size.width, size.height,
         isPanelVisible() ? std::optional(m_panel->frame()) : std::nullopt,
-        m_world.screens.visibleFrame()));
+        m_world.screens.look().visible));
     m_world.settings->show();
 }
 

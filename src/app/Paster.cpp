@@ -19,7 +19,10 @@ Paster::Paster(World world)
 {
 }
 
-void Paster::rememberFrontApplication() { m_previousApp = m_world.workspace.frontmost(); }
+void Paster::rememberFrontApplication()
+{
+    m_previousApp = m_world.workspace.frontmost();
+}
 
 void Paster::place(const ClipItem& clip)
 {
@@ -27,7 +30,10 @@ void Paster::place(const ClipItem& clip)
         write(clip, clip.text);
 }
 
-void Paster::copy(const ClipItem& clip) { write(clip, m_world.store.fullText(clip)); }
+void Paster::copy(const ClipItem& clip)
+{
+    write(clip, m_world.store.fullText(clip));
+}
 
 void Paster::choose(const ClipItem& given)
 {

@@ -19,7 +19,7 @@ namespace {
         return statusItem.middleX() - panelWidth / 2;
     }
 
-}
+} // namespace
 
 double panelHeight(std::size_t clipCount, const Rect& visible)
 {
@@ -27,7 +27,8 @@ double panelHeight(std::size_t clipCount, const Rect& visible)
     return std::max(minimumPanelHeight, std::min(visible.height - marginToVisibleTop, wanted));
 }
 
-Rect panelFrame(const Rect& statusItem, const Rect& visible, std::size_t clipCount, PanelAlignment alignment)
+Rect panelFrame(
+    const Rect& statusItem, const Rect& visible, std::size_t clipCount, PanelAlignment alignment)
 {
     const double height = panelHeight(clipCount, visible);
     // The bound is the visible frame's width, not its right edge, deliberately: a bar at the left

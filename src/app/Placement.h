@@ -24,11 +24,13 @@ namespace placement {
     double panelHeight(std::size_t clipCount, const Rect& visible);
 
     /// The panel hangs under the status item.
-    Rect panelFrame(const Rect& statusItem, const Rect& visible, std::size_t clipCount, PanelAlignment alignment);
+    Rect panelFrame(const Rect& statusItem, const Rect& visible, std::size_t clipCount,
+        PanelAlignment alignment);
 
     /// The place of a window of the given size beside the open panel: on its left where there is
     /// room, else on its right, else in the middle; without a panel in the middle of the screen.
-    Rect besidePanel(double width, double height, const std::optional<Rect>& panel, const Rect& visible);
-}
+    Rect besidePanel(
+        double width, double height, const std::optional<Rect>& panel, const Rect& visible);
+} // namespace placement
 
 } // namespace korvane

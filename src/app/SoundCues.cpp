@@ -13,9 +13,15 @@ SoundCues::SoundCues(const Preferences& preferences, SoundPlayer& player)
 {
 }
 
-void SoundCues::clipCaptured() { play(keys::playSoundOnCopy, keys::copySoundName, "Tink"); }
+void SoundCues::clipCaptured()
+{
+    play(keys::playSoundOnCopy, keys::copySoundName, "Tink");
+}
 
-void SoundCues::clipSelected() { play(keys::playSoundOnSelect, keys::selectSoundName, "Pop"); }
+void SoundCues::clipSelected()
+{
+    play(keys::playSoundOnSelect, keys::selectSoundName, "Pop");
+}
 
 void SoundCues::keyPressed(const KeyPress& press)
 {
@@ -24,7 +30,8 @@ void SoundCues::keyPressed(const KeyPress& press)
         play(keys::playSoundOnPaste, keys::pasteSoundName, "Hero");
 }
 
-void SoundCues::play(std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent)
+void SoundCues::play(
+    std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent)
 {
     if (m_preferences.boolean(switchKey))
         m_player.play(m_preferences.string(nameKey).value_or(std::string(nameWhenAbsent)));

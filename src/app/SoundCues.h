@@ -24,7 +24,8 @@ public:
     void keyPressed(const KeyPress& press);
 
 private:
-    void play(std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent);
+    void play(
+        std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent);
 
     const Preferences& m_preferences;
     SoundPlayer& m_player;

@@ -29,6 +29,6 @@ namespace statustext {
 
     /// The menu of a right click, made anew for each.
     std::vector<MenuItem> menu(bool isPrivate, const MenuActions& actions);
-}
+} // namespace statustext
 
 } // namespace korvane

@@ -74,11 +74,16 @@ class Screens {
 public:
     virtual ~Screens() = default;
 
-    /// The part of the screen that no bar covers.
-    virtual Rect visibleFrame() const = 0;
-    /// The status item's own rectangle: the icon's, else around the place of the last click on it,
-    /// else at the right end of the visible frame's top edge.
-    virtual Rect statusItemFrame() const = 0;
+    struct Frames {
+        /// The part of the screen that no bar covers.
+        Rect visible;
+        /// The status item's own rectangle: the icon's, else around the place of the last click on
+        /// it, else at the right end of the visible frame's top edge.
+        Rect statusItem;
+    };
+
+    /// How it is at this moment. Bars and screens come and go, so it is asked at each opening.
+    virtual Frames look() = 0;
 };
 
 /// A window of ours that is placed, shown and hidden by the program.

@@ -26,6 +26,7 @@ ClipboardMonitor::ClipboardMonitor(
 
 void ClipboardMonitor::startMonitoring()
 {
+    m_pasteboard.synchronise();
     m_lastChangeCount = m_pasteboard.changeCount();
     m_timer = m_loop.every(500ms, [this] { checkPasteboard(); });
     m_connections.push_back(m_pasteboard.changed.connect([this] { checkPasteboard(); }));
@@ -91,6 +92,7 @@ void ClipboardMonitor::readContents(std::optional<RunningApplication> applicatio
     Copy copy;
     copy.application = std::move(application);
     copy.ownWritesBefore = m_ownWrites;
+    copy.changeCount = m_lastChangeCount;
     m_copies.push_back(std::move(copy));
     m_pasteboard.read([this, number, alive = std::weak_ptr(m_isAlive)](
                           std::optional<Pasteboard::Contents> contents) {
@@ -123,7 +125,7 @@ void ClipboardMonitor::captureAnswered()
             continue;
         m_copies.push_front(std::move(copy));
         --m_firstCopy;
-        m_nextFiles = m_loop.after(0ms, [this] { captureAnswered(); });
+        m_nextFile = m_loop.after(0ms, [this] { captureAnswered(); });
         return;
     }
 }
@@ -142,21 +144,20 @@ void ClipboardMonitor::capture(Copy& copy)
         if (copy.files.empty() && contents->text)
             captureText(copy, std::move(*contents->text));
     }
-    captureSomeFiles(copy);
+    captureNextFile(copy);
 }
 
 /// Each file is a clip of its own and each clip is saved as it comes, so that a folder full of files
-/// would hold up the panel if they all came at once.
-void ClipboardMonitor::captureSomeFiles(Copy& copy)
+/// would hold up the panel if they all came in one turn of the loop.
+void ClipboardMonitor::captureNextFile(Copy& copy)
 {
-    constexpr int filesInOneTurn = 8;
-    for (int i = 0; i < filesInOneTurn && !copy.files.empty(); ++i) {
-        auto path = std::move(copy.files.front());
-        copy.files.pop_front();
-        deliver(copy, std::move(path), ClipType::file);
-        if (m_isPrivateModeEnabled)
-            copy.files.clear();
-    }
+    if (copy.files.empty())
+        return;
+    auto path = std::move(copy.files.front());
+    copy.files.pop_front();
+    deliver(copy, std::move(path), ClipType::file);
+    if (m_isPrivateModeEnabled)
+        copy.files.clear();
 }
 
 void ClipboardMonitor::captureText(const Copy& copy, std::string text)
@@ -184,6 +185,7 @@ bool ClipboardMonitor::isRefused(const std::optional<RunningApplication>& applic
 
 void ClipboardMonitor::deliver(const Copy& copy, std::string text, ClipType type)
 {
+    m_deliveredChangeCount = copy.changeCount;
     if (!onNewClip)
         return;
     ClipItem clip;
@@ -203,17 +205,20 @@ void ClipboardMonitor::privateModeWasSet(bool hasChanged)
         m_firstCopy += static_cast<std::int64_t>(m_copies.size());
         m_copies.clear();
     } else {
+        m_pasteboard.synchronise(); // of a private copy we may not have heard yet
         m_lastChangeCount = m_pasteboard.changeCount();
-        m_refusedChangeCount = m_lastChangeCount; // it may be a private copy
+        m_refusedChangeCount = m_lastChangeCount;
     }
     if (hasChanged)
         privateModeChanged(m_isPrivateModeEnabled);
 }
 
-/// Follows a change from outside; after one of our own there is nothing left to follow.
+/// Follows a change from outside; after one of our own there is nothing left to follow. What is not
+/// stored stays as it is: a file that was broken by hand must not end anybody's private mode.
 void ClipboardMonitor::preferencesChanged()
 {
-    const bool stored = m_preferences.boolean(keys::privateModeEnabled);
+    const bool stored
+        = m_preferences.value<bool>(keys::privateModeEnabled).value_or(m_isPrivateModeEnabled);
     if (std::exchange(m_isPrivateModeEnabled, stored) != stored)
         privateModeWasSet(true);
     if (m_ignoredApps.reload())

@@ -57,6 +57,10 @@ public:
     /// when it was refused, and not when it is newer than the last look.
     bool mayBeRead() const;
 
+    /// The change count of the copy that the latest clip was made of. While `onNewClip` is called,
+    /// the pasteboard may have changed again since then.
+    std::int64_t deliveredChangeCount() const { return m_deliveredChangeCount; }
+
     const IgnoredApps::BundleIDs& userIgnoredBundleIDs() const
     {
         return m_ignoredApps.userIgnoredBundleIDs();
@@ -76,6 +80,7 @@ private:
         /// `m_ownWrites` when the copy was seen: a text of our own that was announced later is not
         /// this one.
         std::int64_t ownWritesBefore = 0;
+        std::int64_t changeCount = 0;
         bool isAnswered = false;
         std::optional<Pasteboard::Contents> contents;
         /// The paths that are still to become clips.
@@ -86,7 +91,7 @@ private:
     void contentsCame(std::int64_t number, std::optional<Pasteboard::Contents> contents);
     void captureAnswered();
     void capture(Copy& copy);
-    void captureSomeFiles(Copy& copy);
+    void captureNextFile(Copy& copy);
     void captureText(const Copy& copy, std::string text);
     bool isOwnWrite(const Copy& copy, std::string_view text);
     bool isRefused(const std::optional<RunningApplication>& application) const;
@@ -105,13 +110,14 @@ private:
     std::optional<std::int64_t> m_refusedChangeCount;
     std::optional<std::string> m_lastOwnText;
     std::int64_t m_ownWrites = 0;
+    std::int64_t m_deliveredChangeCount = 0;
     std::deque<Copy> m_copies;
     /// The number of the first of `m_copies`, counting all that there have been.
     std::int64_t m_firstCopy = 0;
     /// Shared with the answers under way, which come to nothing when we have gone before them.
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
     Timer m_timer;
-    Timer m_nextFiles;
+    Timer m_nextFile;
     std::vector<Connection> m_connections;
 };
 

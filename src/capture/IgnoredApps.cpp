@@ -54,6 +54,9 @@ void IgnoredApps::remove(std::string_view bundleID)
 
 bool IgnoredApps::reload()
 {
+    // Not stored at all: the file was broken by hand, and that must ignore nobody less.
+    if (!m_preferences.value<std::vector<std::string>>(keys::ignoredBundleIDs))
+        return false;
     auto stored = storedList(m_preferences);
     std::erase_if(stored, isPasswordManager);
     BundleIDs reloaded(stored.begin(), stored.end());

@@ -29,6 +29,9 @@ public:
 
     /// Rises whenever the contents change, by us or by anyone, as soon as that is known.
     virtual std::int64_t changeCount() const = 0;
+    /// Counts every change that has happened until now, also those of which the news is still under
+    /// way. Never waits for another program.
+    virtual void synchronise() = 0;
     /// Fetches the contents and answers on the main loop, once, never before this returns: with
     /// nothing when the owner has gone, the contents have changed meanwhile, or the owner kept
     /// silent for two seconds. Never waits. Several reads may be under way.

@@ -103,14 +103,19 @@ void HotkeyManager::preferencesChanged()
 {
     if (m_isSaving)
         return;
+    // Where none of it is stored any more, the file is broken or being written anew.
+    if (!m_preferences.get(keys::hotkeyKeyCode) && !m_preferences.get(keys::hotkeyModifiers))
+        return;
     const auto before = m_stored;
     const auto now = loadShortcut();
-    if (!now)
+    if (!now || !m_isStarted || isSameChord(before, *now)) {
+        if (now)
+            m_stored = now;
         return;
-    m_stored = now;
-    if (!m_isStarted || isSameChord(before, *now))
-        return;
-    if (!registerShortcut(now->keyCode, now->modifiers) && before)
+    }
+    if (registerShortcut(now->keyCode, now->modifiers))
+        m_stored = now;
+    else if (before)
         static_cast<void>(registerShortcut(before->keyCode, before->modifiers));
 }
 

@@ -22,6 +22,11 @@ namespace {
     /// How deep a value that is passed over may be nested.
     constexpr int deepestNesting = 512;
 
+    /// A record that we write has at least so many bytes, so this tells how many there can be. Room
+    /// that is not used stays untouched; more than this is made only when it is needed.
+    constexpr std::size_t smallestRecord = 170;
+    constexpr std::size_t roomForClips = 10'000;
+
     /// The known keys, in the order in which we write them.
     enum Key : std::size_t {
         id,
@@ -69,11 +74,17 @@ namespace {
         return value.has_value();
     }
 
+    /// A value as the parser reads it; it is strict about these, whole token and range.
     template <typename T>
-    bool assignPresent(std::optional<T>& field, std::optional<T> value)
+    bool assign(T& field, simdjson::simdjson_result<T> value)
     {
-        field = std::move(value);
-        return field.has_value();
+        return std::move(value).get(field) == simdjson::SUCCESS;
+    }
+
+    bool isNull(json::value& value)
+    {
+        bool answer = false;
+        return !value.is_null().get(answer) && answer;
     }
 
     /// Reads one document. The parser finds the tokens and checks the encoding of all of them; what
@@ -86,23 +97,23 @@ namespace {
     private:
         bool readClip(json::object record, ClipItem& clip);
         bool readOther(
-            json::raw_json_string key, json::value value, SeenKeys& seen, ClipItem& clip);
-        bool readKnown(std::size_t index, json::value value, SeenKeys& seen, ClipItem& clip);
-        bool readField(Key key, std::string_view token, ClipItem& clip);
-        bool checkValue(json::value value, int depth);
-        bool checkArray(json::value value, int depth);
-        bool checkObject(json::value value, int depth);
+            json::raw_json_string key, json::value& value, SeenKeys& seen, ClipItem& clip);
+        bool readKnown(std::size_t index, json::value& value, SeenKeys& seen, ClipItem& clip);
+        bool readField(Key key, json::value& value, ClipItem& clip);
+        bool checkValue(json::value& value, int depth);
+        bool checkArray(json::value& value, int depth);
+        bool checkObject(json::value& value, int depth);
 
         /// A text without its escapes, until the next one is read.
         std::optional<std::string_view> unescaped(json::raw_json_string text);
-        /// The text that a token stands for, until the next one is read.
-        std::optional<std::string_view> viewed(std::string_view token);
-        std::optional<std::string> textOf(std::string_view token);
-        /// What a text stands for.
+        /// The text that a value is, until the next one is read.
+        std::optional<std::string_view> viewed(json::value& value);
+        std::optional<std::string> textOf(json::value& value);
+        /// What the text that a value is stands for.
         template <typename Parse>
-        auto parsed(std::string_view token, Parse parse)
+        auto parsed(json::value& value, Parse parse)
         {
-            const auto view = viewed(token);
+            const auto view = viewed(value);
             return view ? parse(*view) : std::nullopt;
         }
 
@@ -123,11 +134,8 @@ namespace {
         if (m_parser.iterate(bytes.data(), bytes.size(), roomy).get(parsed)
             || parsed.get_array().get(list))
             return std::nullopt;
-        std::size_t count = 0;
-        if (list.count_elements().get(count))
-            return std::nullopt;
         std::vector<ClipItem> clips;
-        clips.reserve(count);
+        clips.reserve(std::min(bytes.size() / smallestRecord, roomForClips));
         for (auto element : list) {
             json::object record;
             if (element.get_object().get(record) || !readClip(record, clips.emplace_back()))
@@ -143,22 +151,21 @@ namespace {
     {
         SeenKeys seen;
         std::size_t expected = 0;
-        for (auto field : record) {
-            json::raw_json_string key;
-            json::value value;
-            if (field.key().get(key) || field.value().get(value))
+        for (auto next : record) {
+            if (next.error())
                 return false;
-            const auto index = knownKey(key, expected);
+            auto&& field = std::move(next).value_unsafe(); // not copied, as there are many
+            const auto index = knownKey(field.key(), expected);
             expected = index + 1;
-            if (index < keyNames.size() ? !readKnown(index, value, seen, clip)
-                                        : !readOther(key, value, seen, clip))
+            if (index < keyNames.size() ? !readKnown(index, field.value(), seen, clip)
+                                        : !readOther(field.key(), field.value(), seen, clip))
                 return false;
         }
         return (seen.known & requiredKeys) == requiredKeys;
     }
 
     bool Reader::readOther(
-        json::raw_json_string key, json::value value, SeenKeys& seen, ClipItem& clip)
+        json::raw_json_string key, json::value& value, SeenKeys& seen, ClipItem& clip)
     {
         const auto name = unescaped(key);
         if (!name)
@@ -170,46 +177,46 @@ namespace {
         return seen.unknown.emplace(*name).second && checkValue(value, 1);
     }
 
-    bool Reader::readKnown(std::size_t index, json::value value, SeenKeys& seen, ClipItem& clip)
+    bool Reader::readKnown(std::size_t index, json::value& value, SeenKeys& seen, ClipItem& clip)
     {
         const auto mark = 1U << index;
         const bool isRepeated = (seen.known & mark) != 0;
         seen.known |= mark;
-        return !isRepeated && readField(static_cast<Key>(index), value.raw_json_token(), clip);
+        return !isRepeated && readField(static_cast<Key>(index), value, clip);
     }
 
-    bool Reader::readField(Key key, std::string_view token, ClipItem& clip)
+    bool Reader::readField(Key key, json::value& value, ClipItem& clip)
     {
         switch (key) {
         case id:
-            return assign(clip.id, parsed(token, ClipId::parse));
+            return assign(clip.id, parsed(value, ClipId::parse));
         case text:
-            return assign(clip.text, textOf(token));
+            return assign(clip.text, textOf(value));
         case type:
-            return assign(clip.type, parsed(token, clipTypeFrom));
+            return assign(clip.type, parsed(value, clipTypeFrom));
         case createdAt:
-            return assign(clip.createdAt, parsed(token, parseIsoDate));
+            return assign(clip.createdAt, parsed(value, parseIsoDate));
         case isPinned:
-            return assign(clip.isPinned, jsonBoolean(token));
+            return assign(clip.isPinned, value.get_bool());
         case useCount:
-            return assign(clip.useCount, jsonInteger(token));
+            return assign(clip.useCount, value.get_int64());
         case sourceApp:
-            return isJsonNull(token) || assignPresent(clip.sourceApp, textOf(token));
+            return isNull(value) || assign(clip.sourceApp.emplace(), textOf(value));
         case customName:
-            return isJsonNull(token) || assignPresent(clip.customName, textOf(token));
+            return isNull(value) || assign(clip.customName.emplace(), textOf(value));
         case isOverflow:
-            return isJsonNull(token) || assign(clip.isOverflow, jsonBoolean(token));
+            return isNull(value) || assign(clip.isOverflow, value.get_bool());
         case overflowPath:
-            return isJsonNull(token) || assignPresent(clip.overflowPath, textOf(token));
+            return isNull(value) || assign(clip.overflowPath.emplace(), textOf(value));
         case overflowByteCount:
-            return isJsonNull(token) || assignPresent(clip.overflowByteCount, jsonInteger(token));
+            return isNull(value) || assign(clip.overflowByteCount.emplace(), value.get_int64());
         case hasEmoji:
-            return isJsonNull(token) || assign(clip.hasEmoji, jsonBoolean(token));
+            return isNull(value) || assign(clip.hasEmoji, value.get_bool());
         }
         return false;
     }
 
-    bool Reader::checkValue(json::value value, int depth)
+    bool Reader::checkValue(json::value& value, int depth)
     {
         const std::string_view token = value.raw_json_token();
         if (depth > deepestNesting)
@@ -220,13 +227,13 @@ namespace {
         case '{':
             return checkObject(value, depth);
         case '"':
-            return viewed(token).has_value();
+            return viewed(value).has_value();
         default:
             return isJsonScalar(token);
         }
     }
 
-    bool Reader::checkArray(json::value value, int depth)
+    bool Reader::checkArray(json::value& value, int depth)
     {
         json::array array;
         if (value.get_array().get(array))
@@ -239,7 +246,7 @@ namespace {
         return true;
     }
 
-    bool Reader::checkObject(json::value value, int depth)
+    bool Reader::checkObject(json::value& value, int depth)
     {
         json::object object;
         if (value.get_object().get(object))
@@ -254,15 +261,16 @@ namespace {
         return true;
     }
 
-    std::optional<std::string_view> Reader::viewed(std::string_view token)
+    std::optional<std::string_view> Reader::viewed(json::value& value)
     {
-        if (token.empty() || token.front() != '"')
+        const auto token = value.raw_json_token();
+        json::raw_json_string quoted;
+        if (value.get_raw_json_string().get(quoted))
             return std::nullopt;
-        token = bareToken(token);
-        if (token.find('\\') == std::string_view::npos)
-            return token.substr(1, token.size() - 2); // the parser has found the closing quote
-        const auto* const begin = reinterpret_cast<const std::uint8_t*>(token.data()) + 1;
-        return unescaped(json::raw_json_string(begin));
+        if (token.find('\\') != std::string_view::npos)
+            return unescaped(quoted);
+        // The parser has found the closing quote; white space may follow it.
+        return token.substr(1, token.rfind('"') - 1);
     }
 
     std::optional<std::string_view> Reader::unescaped(json::raw_json_string text)
@@ -272,9 +280,9 @@ namespace {
         return m_parser.unescape(text, end).get(view) ? std::nullopt : std::optional(view);
     }
 
-    std::optional<std::string> Reader::textOf(std::string_view token)
+    std::optional<std::string> Reader::textOf(json::value& value)
     {
-        const auto view = viewed(token);
+        const auto view = viewed(value);
         return view ? std::optional<std::string>(*view) : std::nullopt;
     }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -20,53 +21,73 @@ namespace {
     // not look for the end of the block.
     constexpr std::size_t pieceSize = 16 * 1024;
 
-    /// Eight bytes at once: whether one of them is a control character, a quote or a backslash.
-    bool needsEscape(std::uint64_t bytes)
+    /// Of eight bytes at once, those that are a control character, a quote or a backslash: the lowest
+    /// bit that is set stands in the first of them, as the bytes lie in memory.
+    std::uint64_t bytesToEscape(std::uint64_t bytes)
     {
         constexpr std::uint64_t ones = 0x0101010101010101;
         constexpr std::uint64_t highs = ones << 7;
         const auto quote = bytes ^ (ones * '"');
         const auto backslash = bytes ^ (ones * '\\');
         const auto controls = (bytes - ones * 0x20) & ~bytes;
-        return ((controls | ((quote - ones) & ~quote) | ((backslash - ones) & ~backslash)) & highs)
-            != 0;
+        return (controls | ((quote - ones) & ~quote) | ((backslash - ones) & ~backslash)) & highs;
     }
 
-    char* writeByte(char* out, char c)
+    std::uint64_t eightBytes(const char* text)
+    {
+        static_assert(std::endian::native == std::endian::little);
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text, sizeof bytes);
+        return bytes;
+    }
+
+    /// How a byte is written.
+    struct Written {
+        std::array<char, 7> text {};
+        std::uint8_t size = 0;
+    };
+
+    constexpr Written written(unsigned char value)
     {
         constexpr std::string_view hexDigits = "0123456789ABCDEF";
         constexpr std::string_view named = "\"\\\b\f\n\r\t";
         constexpr std::string_view names = "\"\\bfnrt";
-        const auto value = static_cast<unsigned char>(c);
-        if (value >= 0x20 && c != '"' && c != '\\') {
-            *out++ = c;
-            return out;
-        }
-        *out++ = '\\';
-        if (const auto place = named.find(c); place != std::string_view::npos) {
-            *out++ = names[place];
-            return out;
-        }
-        out = std::copy_n("u00", 3, out);
-        *out++ = hexDigits[value >> 4];
-        *out++ = hexDigits[value & 0x0F];
-        return out;
+        const auto c = static_cast<char>(value);
+        if (const auto place = named.find(c); place != std::string_view::npos)
+            return { { '\\', names[place] }, 2 };
+        if (value < 0x20)
+            return { { '\\', 'u', '0', '0', hexDigits[value >> 4], hexDigits[value & 0x0F] }, 6 };
+        return { { c }, 1 };
     }
 
-    /// Copies while it looks: most bytes of a text need nothing else.
+    constexpr auto writtenBytes = [] {
+        std::array<Written, 256> all {};
+        for (std::size_t i = 0; i < all.size(); ++i)
+            all[i] = written(static_cast<unsigned char>(i));
+        return all;
+    }();
+
+    char* writeByte(char* out, char c)
+    {
+        const auto& bytes = writtenBytes[static_cast<unsigned char>(c)];
+        std::memcpy(out, bytes.text.data(), bytes.text.size());
+        return out + bytes.size;
+    }
+
+    /// Copies while it looks: most bytes of a text need nothing else. What is copied too much is
+    /// written over by what follows; a piece leaves room for that.
     char* writeEscaped(char* out, std::string_view text)
     {
-        std::uint64_t eight = 0;
-        while (text.size() >= sizeof eight) {
-            std::memcpy(&eight, text.data(), sizeof eight);
-            if (needsEscape(eight)) {
-                for (const auto c : text.substr(0, sizeof eight))
-                    out = writeByte(out, c);
-            } else {
-                std::memcpy(out, &eight, sizeof eight);
-                out += sizeof eight;
+        while (text.size() >= sizeof(std::uint64_t)) {
+            std::memcpy(out, text.data(), sizeof(std::uint64_t));
+            const auto found = bytesToEscape(eightBytes(text.data()));
+            const auto plain = static_cast<std::size_t>(std::countr_zero(found)) / 8;
+            out += plain;
+            text.remove_prefix(plain);
+            if (found != 0) {
+                out = writeByte(out, text.front());
+                text.remove_prefix(1);
             }
-            text.remove_prefix(sizeof eight);
         }
         for (const auto c : text)
             out = writeByte(out, c);
@@ -98,7 +119,7 @@ namespace {
             raw("\"");
             while (!text.empty()) {
                 const auto piece = text.substr(0, pieceSize);
-                makeRoom(piece.size() * longestEscape);
+                makeRoom(piece.size() * longestEscape + sizeof(std::uint64_t));
                 m_end = writeEscaped(m_end, piece);
                 text.remove_prefix(piece.size());
             }

@@ -55,6 +55,9 @@ ClipStore::ClipStore(
     m_clips = m_history.load();
     m_keys.reset(m_clips.size());
     makeKeysSoon();
+    // Nothing is evicted here: who saves a file has confirmed nothing yet.
+    m_preferencesChanged
+        = m_preferences.changed.connect([this] { followPreferences(m_preferences, m_limits); });
 }
 
 ClipStore::~ClipStore() = default;
@@ -132,9 +135,12 @@ void ClipStore::rename(const ClipId& id, std::string_view name)
 void ClipStore::deleteClip(const ClipItem& clip)
 {
     const auto id = clip.id; // the clip may be one of ours, and soon be gone
-    m_overflow.remove(clip);
+    if (clip.isOverflow)
+        m_goneWithFiles.push_back(clip);
     if (removeWhere([&](std::size_t i) { return m_clips[i].id == id; }) > 0)
         saveAndTell();
+    else
+        removeFilesOfGone();
 }
 
 void ClipStore::markUsed(const ClipId& id)
@@ -152,18 +158,12 @@ void ClipStore::markUsed(const ClipId& id)
 
 void ClipStore::clearUnpinned()
 {
-    const auto isGone = [&](std::size_t i) { return !m_clips[i].isPinned; };
-    for (const auto& clip : m_clips) {
-        if (!clip.isPinned)
-            m_overflow.remove(clip);
-    }
-    if (removeWhere(isGone) > 0) {
-        saveAndTell();
-        return;
-    }
-    // Nothing was removed from the list, but a history file that could not be read may still lie
+    const bool isChanged = removeWhere([&](std::size_t i) { return !m_clips[i].isPinned; }) > 0;
+    // Also when there was nothing in the list: a history file that could not be read may still lie
     // there, with everything that the user wants to be gone.
-    static_cast<void>(m_history.save(m_clips));
+    save();
+    if (isChanged)
+        clipsChanged();
 }
 
 int ClipStore::maxClips() const
@@ -181,22 +181,22 @@ int ClipStore::maxTotalSizeMB() const
 
 void ClipStore::setMaxClips(int count)
 {
-    m_limits.maxClips = count;
     m_preferences.set(keys::maxClips, std::int64_t { count });
+    m_limits.maxClips = count;
     enforceLimits();
     saveAndTell();
 }
 
 void ClipStore::setMaxClipSizeKB(int kilobytes)
 {
-    m_limits.maxClipSizeKB = kilobytes;
     m_preferences.set(keys::maxClipSizeKB, std::int64_t { kilobytes });
+    m_limits.maxClipSizeKB = kilobytes;
 }
 
 void ClipStore::setMaxTotalSizeMB(int megabytes)
 {
-    m_limits.maxTotalSizeMB = megabytes;
     m_preferences.set(keys::maxTotalSizeMB, std::int64_t { megabytes });
+    m_limits.maxTotalSizeMB = megabytes;
     enforceLimits();
     saveAndTell();
 }
@@ -204,13 +204,8 @@ void ClipStore::setMaxTotalSizeMB(int megabytes)
 void ClipStore::enforceLimits()
 {
     const auto start = evictionStart(m_clips, m_limits);
-    const auto isGone = [&](std::size_t i) { return i >= start && !m_clips[i].isPinned; };
-    for (auto i = start; i < m_clips.size(); ++i) {
-        if (isGone(i))
-            m_overflow.remove(m_clips[i]);
-    }
     if (start < m_clips.size())
-        removeWhere(isGone);
+        removeWhere([&](std::size_t i) { return i >= start && !m_clips[i].isPinned; });
 }
 
 std::int64_t ClipStore::totalBytes() const
@@ -248,11 +243,23 @@ const PanelState& ClipStore::panel() const
     return m_panel;
 }
 
-void ClipStore::saveAndTell()
+void ClipStore::save()
 {
     // A failure is not told: the list in memory stays right, and the next change writes it again.
-    static_cast<void>(m_history.save(m_clips));
+    if (!m_history.save(m_clips))
+        removeFilesOfGone();
+}
+
+void ClipStore::saveAndTell()
+{
+    save();
     clipsChanged(); // the last thing we do: a slot may destroy us
+}
+
+void ClipStore::removeFilesOfGone()
+{
+    for (const auto& clip : std::exchange(m_goneWithFiles, {}))
+        m_overflow.remove(clip);
 }
 
 void ClipStore::insertFirst(ClipItem clip)
@@ -267,8 +274,11 @@ std::size_t ClipStore::removeWhere(const IsGone& isGone)
 {
     std::size_t kept = 0;
     for (std::size_t i = 0; i < m_clips.size(); ++i) {
-        if (isGone(i))
+        if (isGone(i)) {
+            if (m_clips[i].isOverflow)
+                m_goneWithFiles.push_back(std::move(m_clips[i]));
             continue;
+        }
         if (kept != i) {
             m_clips[kept] = std::move(m_clips[i]);
             m_keys.move(i, kept);

@@ -90,7 +90,9 @@ public:
     Signal<> clipsChanged;
 
 private:
+    void save();
     void saveAndTell();
+    void removeFilesOfGone();
     void insertFirst(ClipItem clip);
     /// Removes the clips for whose index the answer is true, and their keys; how many those were.
     template <typename IsGone>
@@ -106,11 +108,15 @@ private:
     OverflowFiles m_overflow;
     Limits m_limits;
     std::vector<ClipItem> m_clips;
+    // Left the list, and their files are still there: these go when the list is on the disk, so that
+    // a crash in between leaves nothing that the history on the disk still needs.
+    std::vector<ClipItem> m_goneWithFiles;
     mutable SearchKeys m_keys; // one for each clip; missing ones are made when they are needed
     std::optional<ClipId> m_lastUsedID;
     std::optional<TimePoint> m_lastUsedTimestamp;
     PanelState m_panel;
     Timer m_makingKeys;
+    Connection m_preferencesChanged;
 };
 
 } // namespace korvane

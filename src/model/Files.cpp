@@ -1,6 +1,7 @@
 #include "model/Files.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +30,9 @@ namespace {
     {
         return folder / ".korvane-new";
     }
+
+    /// How much is written before the disk is told to begin.
+    constexpr std::int64_t stretch = 2 * 1024 * 1024;
 
     struct OpenFile {
         Descriptor descriptor;
@@ -93,17 +97,33 @@ Descriptor::~Descriptor()
         ::close(m_number);
 }
 
-FileBytes::FileBytes(std::size_t size)
-    : m_data(std::make_unique_for_overwrite<char[]>(size + spareBytes))
+FileBytes::FileBytes(std::unique_ptr<char[], Unmap> data, std::size_t size)
+    : m_data(std::move(data))
     , m_size(size)
 {
-    std::fill_n(m_data.get() + size, spareBytes, '\0');
 }
 
-FileBytes FileBytes::copyOf(std::string_view bytes)
+void FileBytes::Unmap::operator()(char* data) const
 {
-    FileBytes copy(bytes.size());
-    std::copy(bytes.begin(), bytes.end(), copy.data());
+    ::munmap(data, size);
+}
+
+std::optional<FileBytes> FileBytes::make(std::size_t size)
+{
+    const auto roomy = size + spareBytes;
+    void* const memory
+        = ::mmap(nullptr, roomy, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED)
+        return std::nullopt;
+    ::madvise(memory, roomy, MADV_HUGEPAGE); // only a wish: a refusal changes nothing
+    return FileBytes({ static_cast<char*>(memory), Unmap { roomy } }, size);
+}
+
+std::optional<FileBytes> FileBytes::copyOf(std::string_view bytes)
+{
+    auto copy = make(bytes.size());
+    if (copy)
+        std::copy(bytes.begin(), bytes.end(), copy->data());
     return copy;
 }
 
@@ -119,11 +139,11 @@ std::optional<FileBytes> readFile(const std::filesystem::path& path, Links links
     const auto file = openRegular(path, links);
     if (!file)
         return std::nullopt;
-    FileBytes bytes(file->size);
-    const auto count = readInto(file->descriptor, bytes.data(), file->size);
+    auto bytes = FileBytes::make(file->size);
+    const auto count = bytes ? readInto(file->descriptor, bytes->data(), file->size) : std::nullopt;
     if (!count)
         return std::nullopt;
-    bytes.truncate(*count);
+    bytes->truncate(*count);
     return bytes;
 }
 
@@ -149,10 +169,13 @@ std::error_code makeFolder(const std::filesystem::path& path)
         if (const auto failed = makeFolder(above))
             return failed;
     }
-    if (::mkdir(path.c_str(), folderMode) != 0)
+    if (::mkdir(path.c_str(), folderMode) != 0) {
         // Named with a slash at its end, it has just been made by the name without.
-        return errno == EEXIST && std::filesystem::is_directory(path, error) ? std::error_code()
-                                                                             : lastError();
+        const auto failure = lastError();
+        const bool isThere
+            = failure == std::errc::file_exists && std::filesystem::is_directory(path, error);
+        return isThere ? std::error_code() : failure;
+    }
     return ::chmod(path.c_str(), folderMode) == 0 ? std::error_code() : lastError();
 }
 
@@ -182,10 +205,18 @@ void AtomicFile::write(std::string_view bytes)
 {
     while (!m_error && !bytes.empty()) {
         const auto count = ::write(m_file.number(), bytes.data(), bytes.size());
-        if (count >= 0)
+        if (count >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
-        else if (errno != EINTR)
+            m_written += count;
+        } else if (errno != EINTR) {
             m_error = lastError();
+        }
+    }
+    // The disk may begin while the rest is still being made. Only `commit` waits for it, and only
+    // there a failure matters.
+    if (!m_error && m_written - m_begun >= stretch) {
+        ::sync_file_range(m_file.number(), m_begun, m_written - m_begun, SYNC_FILE_RANGE_WRITE);
+        m_begun = m_written;
     }
 }
 

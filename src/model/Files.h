@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -32,14 +33,16 @@ private:
 };
 
 /// The bytes of a file, followed by zeroes: a parser may look at many bytes in one go, and so past
-/// the end, without leaving the memory that is ours.
+/// the end, without leaving the memory that is ours. The memory comes straight from the system, in
+/// large pages where it has them, and goes back there: a history is read once, and a program that
+/// then runs for weeks should keep nothing of that.
 class FileBytes {
 public:
     static constexpr std::size_t spareBytes = 64;
 
-    /// Room for so many bytes; none of them has been set, nor any memory touched for them.
-    explicit FileBytes(std::size_t size);
-    static FileBytes copyOf(std::string_view bytes);
+    /// Room for so many bytes, all of them zero; none when there is no such memory.
+    static std::optional<FileBytes> make(std::size_t size);
+    static std::optional<FileBytes> copyOf(std::string_view bytes);
 
     std::string_view view() const { return { m_data.get(), m_size }; }
     char* data() { return m_data.get(); }
@@ -47,7 +50,13 @@ public:
     void truncate(std::size_t size);
 
 private:
-    std::unique_ptr<char[]> m_data;
+    struct Unmap {
+        std::size_t size;
+        void operator()(char* data) const;
+    };
+    FileBytes(std::unique_ptr<char[], Unmap> data, std::size_t size);
+
+    std::unique_ptr<char[], Unmap> m_data;
     std::size_t m_size;
 };
 
@@ -93,7 +102,9 @@ private:
     std::filesystem::path m_temporary;
     Descriptor m_file;
     std::error_code m_error;
-    bool m_isOurs = false; // the temporary file is there, and made by us
+    std::int64_t m_written = 0; // bytes
+    std::int64_t m_begun = 0;   // of these, the disk has been told
+    bool m_isOurs = false;      // the temporary file is there, and made by us
 };
 
 } // namespace korvane

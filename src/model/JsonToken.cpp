@@ -1,7 +1,6 @@
 #include "model/JsonToken.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace korvane {
 
@@ -45,41 +44,10 @@ namespace {
 
 } // namespace
 
-std::string_view bareToken(std::string_view token)
-{
-    const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
-    while (!token.empty() && isSpace(token.back()))
-        token.remove_suffix(1);
-    return token;
-}
-
-std::optional<std::int64_t> jsonInteger(std::string_view token)
-{
-    token = bareToken(token);
-    auto rest = token;
-    std::int64_t value = 0;
-    if (!takeInteger(rest) || !rest.empty())
-        return std::nullopt;
-    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
-    return error == std::errc() ? std::optional(value) : std::nullopt;
-}
-
-std::optional<bool> jsonBoolean(std::string_view token)
-{
-    token = bareToken(token);
-    if (token == "true")
-        return true;
-    return token == "false" ? std::optional(false) : std::nullopt;
-}
-
-bool isJsonNull(std::string_view token)
-{
-    return bareToken(token) == "null";
-}
-
 bool isJsonScalar(std::string_view token)
 {
-    return jsonBoolean(token) || isJsonNull(token) || isNumber(bareToken(token));
+    token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+    return token == "true" || token == "false" || token == "null" || isNumber(token);
 }
 
 } // namespace korvane

@@ -52,10 +52,19 @@ namespace {
 
 Limits readLimits(Preferences& preferences)
 {
-    return { .maxClips = positiveOr(preferences.integer(keys::maxClips), Limits().maxClips),
-        .maxClipSizeKB = readMaxClipSizeKB(preferences),
-        .maxTotalSizeMB
-        = positiveOr(preferences.integer(keys::maxTotalSizeMB), Limits().maxTotalSizeMB) };
+    Limits limits;
+    limits.maxClipSizeKB = readMaxClipSizeKB(preferences);
+    followPreferences(preferences, limits);
+    return limits;
+}
+
+void followPreferences(const Preferences& preferences, Limits& limits)
+{
+    limits.maxClips = positiveOr(preferences.integer(keys::maxClips), limits.maxClips);
+    limits.maxClipSizeKB
+        = positiveOr(preferences.integer(keys::maxClipSizeKB), limits.maxClipSizeKB);
+    limits.maxTotalSizeMB
+        = positiveOr(preferences.integer(keys::maxTotalSizeMB), limits.maxTotalSizeMB);
 }
 
 std::int64_t totalBytes(std::span<const ClipItem> clips)

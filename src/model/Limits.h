@@ -25,6 +25,10 @@ struct Limits {
 /// not written until the limit is next set. A number too large for the field becomes the largest.
 Limits readLimits(Preferences& preferences);
 
+/// Takes over what the preferences say now, after a change of them. A limit that is not stored stays
+/// as it is: a file that was broken by hand, or is being written anew, must not cost the history.
+void followPreferences(const Preferences& preferences, Limits& limits);
+
 /// What counts against the total size, in bytes: of an overflow clip its whole content. Stops at the
 /// largest number, and a negative size, which only a damaged history can hold, counts nothing.
 std::int64_t totalBytes(std::span<const ClipItem> clips);

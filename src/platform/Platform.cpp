@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 
 #include "platform/qt/ToolkitConnection.h"
+#include "platform/x11/X11WindowFrame.h"
 
 #include <utility>
 
@@ -42,6 +43,14 @@ void Platform::takeKeyboard(std::uint32_t window)
     // a panel that is seen and does not hear the user is worse.
     if (!m_focus.takeKeyboard(window, time))
         m_focus.takeKeyboard(window, XCB_CURRENT_TIME);
+}
+
+void Platform::tellWindowFrame(
+    std::uint32_t window, const PixelRect& visible, int width, int height)
+{
+    // The window must be known to the server before it is spoken of on our connection.
+    awaitToolkitRequests();
+    korvane::tellWindowFrame(m_connection, window, visible, width, height);
 }
 
 } // namespace korvane

@@ -38,6 +38,8 @@ public:
     /// Gives the keyboard to a window of ours that has been shown, and back to whom it was taken from.
     void takeKeyboard(std::uint32_t window);
     void giveBackKeyboard() { m_focus.giveBackKeyboard(); }
+    /// See `korvane::tellWindowFrame`.
+    void tellWindowFrame(std::uint32_t window, const PixelRect& visible, int width, int height);
 
 private:
     explicit Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow);

@@ -55,7 +55,8 @@ namespace {
         f.preferences.set(keys::theme, std::string("dark"));
         f.preferences.set(keys::theme, std::string("Dark"));
 
-        EXPECT_EQ(f.appearance.applied, (std::vector { Theme::automatic, Theme::dark, Theme::automatic }));
+        EXPECT_EQ(f.appearance.applied,
+            (std::vector { Theme::automatic, Theme::dark, Theme::automatic }));
     }
 
     TEST(AppDelegateTest, TheIconTellsOfPrivateModeOnlyOnceItIsSwitched)
@@ -185,6 +186,63 @@ namespace {
         EXPECT_EQ(f.loop.pendingTimers(), 0U);
     }
 
+    TEST(AppDelegateTest, PrivateModeSwitchedByHandIsSeenOnTheIcon)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.preferences.set(keys::privateModeEnabled, true);
+        EXPECT_EQ(f.statusItem.image, "lock.doc");
+        f.preferences.set(keys::privateModeEnabled, false);
+        EXPECT_EQ(f.statusItem.image, "doc.on.clipboard");
+    }
+
+    TEST(AppDelegateTest, PreferencesThatAreGoneForAMomentChangeNothingThatProtectsTheUser)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::maxClips, std::int64_t { 700 });
+        f.preferences.set(keys::ignoredBundleIDs, std::vector<std::string> { "org.bank" });
+        f.preferences.set(keys::hotkeyKeyCode, std::int64_t { 50 });
+        f.preferences.set(keys::privateModeEnabled, true);
+        f.launch();
+
+        f.preferences.values.clear();
+        f.preferences.changed();
+
+        EXPECT_EQ(f.app->clipStore().maxClips(), 700);
+        EXPECT_TRUE(f.app->clipboardMonitor().userIgnoredBundleIDs().contains("org.bank"));
+        EXPECT_TRUE(f.app->clipboardMonitor().isPrivateModeEnabled());
+        EXPECT_EQ(f.grabber.held, (test::FakeHotkeyGrabber::Chord { 50, 4096 }));
+    }
+
+    TEST(AppDelegateTest, APrivateCopyOfWhichNobodyHasHeardYetIsNotCapturedWhenPrivateModeEnds)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.statusItem.choose("   Private Mode");
+        f.pasteboard.tellsOfChanges = false;
+        f.pasteboard.copyText("private");
+        f.pasteboard.changesUnderWay = 1;
+
+        f.statusItem.choose("✓ Private Mode");
+        f.loop.advance(1s);
+
+        EXPECT_EQ(f.clipCount(), 0U);
+    }
+
+    TEST(AppDelegateTest, QuittingHidesThePanelSoThatTheKeyboardGoesBack)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.app->shell().showPanel();
+        int hides = 0;
+        f.panel->onHide = [&] { ++hides; };
+
+        f.app.reset();
+
+        EXPECT_EQ(hides, 1);
+    }
+
     TEST(AppDelegateTest, TheHistoryIsThereAgainAfterARestart)
     {
         test::AppFixture f;
@@ -197,5 +255,5 @@ namespace {
         EXPECT_EQ(f.clipText(0), "kept");
     }
 
-}
+} // namespace
 } // namespace korvane

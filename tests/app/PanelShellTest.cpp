@@ -116,7 +116,8 @@ namespace {
 
         f.shell().showPanel();
 
-        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+        EXPECT_EQ(
+            f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
     }
 
     TEST(PanelShellTest, OpeningSelectsTheFirstClipWhenTheClipboardHoldsNone)
@@ -130,7 +131,8 @@ namespace {
         f.shell().showPanel();
         f.loop.turn();
 
-        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[0].id);
+        EXPECT_EQ(
+            f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[0].id);
         EXPECT_EQ(f.pasteboard.reads, 2);
     }
 
@@ -147,7 +149,8 @@ namespace {
         f.app->shell().showPanel();
         f.loop.turn();
 
-        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+        EXPECT_EQ(
+            f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
     }
 
     TEST(PanelShellTest, ASlowClipboardDoesNotTakeASelectionThatTheUserHasMoved)
@@ -166,7 +169,8 @@ namespace {
 
         f.pasteboard.answerOldest();
 
-        EXPECT_EQ(f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
+        EXPECT_EQ(
+            f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
     }
 
     TEST(PanelShellTest, PreferencesOpenAndCloseTheSettingsWindow)
@@ -190,5 +194,5 @@ namespace {
         EXPECT_EQ(f.settings.place.right(), f.panel->place.left() - 8);
     }
 
-}
+} // namespace
 } // namespace korvane

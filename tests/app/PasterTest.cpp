@@ -270,6 +270,16 @@ namespace {
         EXPECT_EQ(f.pasteboard.contents()->text, "newer");
     }
 
+    TEST(PasterTest, InPrivateModeNothingIsPutBack)
+    {
+        PasteFixture f;
+        f.statusItem.choose("   Private Mode");
+
+        f.pasteboard.ownerEnds();
+
+        EXPECT_FALSE(f.pasteboard.contents());
+    }
+
     TEST(PasterTest, WhatWasRefusedIsGoneWithItsProgram)
     {
         PasteFixture f;
@@ -282,5 +292,5 @@ namespace {
         EXPECT_EQ(f.pasteboard.written, std::vector<std::string> {});
     }
 
-}
+} // namespace
 } // namespace korvane

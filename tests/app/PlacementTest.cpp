@@ -35,7 +35,8 @@ namespace {
 
     TEST(PlacementTest, MiddleCentresThePanelUnderTheIcon)
     {
-        EXPECT_EQ(panelFrame(icon, visible, 3, PanelAlignment::middle), (Rect { 532, 580, 360, 320 }));
+        EXPECT_EQ(
+            panelFrame(icon, visible, 3, PanelAlignment::middle), (Rect { 532, 580, 360, 320 }));
     }
 
     TEST(PlacementTest, LeftHangsThePanelFromTheIconsRightEdge)
@@ -106,14 +107,16 @@ namespace {
 
     TEST(PlacementTest, AWindowBesideThePanelKeepsEightPointsToTopAndBottom)
     {
-        EXPECT_EQ(placement::besidePanel(520, 420, Rect { 700, 300, 360, 700 }, visible).top(), 892);
+        EXPECT_EQ(
+            placement::besidePanel(520, 420, Rect { 700, 300, 360, 700 }, visible).top(), 892);
         EXPECT_EQ(placement::besidePanel(520, 420, Rect { 700, 0, 360, 250 }, visible).y, 8);
     }
 
     TEST(PlacementTest, WithoutAPanelTheWindowIsCentred)
     {
-        EXPECT_EQ(placement::besidePanel(520, 420, std::nullopt, visible), (Rect { 460, 240, 520, 420 }));
+        EXPECT_EQ(
+            placement::besidePanel(520, 420, std::nullopt, visible), (Rect { 460, 240, 520, 420 }));
     }
 
-}
+} // namespace
 } // namespace korvane

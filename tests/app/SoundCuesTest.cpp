@@ -13,7 +13,10 @@ namespace {
         test::FakeSoundPlayer player;
         SoundCues cues { preferences, player };
 
-        void press(ModifierMask mask, KeyCode key = keycodes::v) { cues.keyPressed({ key, mask, "" }); }
+        void press(ModifierMask mask, KeyCode key = keycodes::v)
+        {
+            cues.keyPressed({ key, mask, "" });
+        }
     };
 
     using Names = std::vector<std::string>;
@@ -79,5 +82,5 @@ namespace {
         EXPECT_EQ(f.player.played, Names {});
     }
 
-}
+} // namespace
 } // namespace korvane

@@ -42,8 +42,8 @@ namespace {
     {
         std::string done;
         const auto menu = statustext::menu(false,
-            { [&] { done += "private "; }, [&] { done += "preferences "; }, [&] { done += "updates "; },
-                [&] { done += "makers "; }, [&] { done += "quit"; } });
+            { [&] { done += "private "; }, [&] { done += "preferences "; },
+                [&] { done += "updates "; }, [&] { done += "makers "; }, [&] { done += "quit"; } });
 
         for (const auto& item : menu)
             if (item.action)
@@ -52,5 +52,5 @@ namespace {
         EXPECT_EQ(done, "private preferences updates makers quit");
     }
 
-}
+} // namespace
 } // namespace korvane

@@ -36,8 +36,8 @@ public:
     void make()
     {
         app = std::make_unique<AppDelegate>(
-            Ports { loop, log, preferences, pasteboard, workspace, grabber, keyboard, desktop, sounds,
-                statusItem, screens, outsideClicks, appearance,
+            Ports { loop, log, preferences, pasteboard, workspace, grabber, keyboard, desktop,
+                sounds, statusItem, screens, outsideClicks, appearance,
                 [this](ClipStore&, PanelController& controller) {
                     panelController = &controller;
                     auto window = std::make_unique<FakeWindow>();
@@ -55,7 +55,10 @@ public:
         loop.turn();
     }
     /// The text of the clip at this place of the history.
-    std::string clipText(std::size_t index) const { return app->clipStore().clips().at(index).text; }
+    std::string clipText(std::size_t index) const
+    {
+        return app->clipStore().clips().at(index).text;
+    }
     std::size_t clipCount() const { return app->clipStore().clips().size(); }
     void press(KeyCode key, ModifierMask mask = 0, std::string characters = "")
     {

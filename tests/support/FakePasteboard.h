@@ -21,6 +21,7 @@ public:
 
     std::int64_t changeCount() const override { return m_changeCount; }
 
+    void synchronise() override { m_changeCount += std::exchange(changesUnderWay, 0); }
     void read(Answer answer) override
     {
         ++reads;
@@ -81,6 +82,8 @@ public:
     std::size_t readsUnderWay() const { return m_readsUnderWay.size(); }
     const std::optional<Contents>& contents() const { return m_contents; }
 
+    /// Changes of which nobody has been told yet.
+    std::int64_t changesUnderWay = 0;
     /// Reads stay unanswered until the test answers them.
     bool holdsAnswers = false;
     /// False: nobody is told of a change, so that only a look at the count finds it.

@@ -30,8 +30,7 @@ public:
 /// One screen with a bar of 26 points at its top, and the status item in it.
 class FakeScreens : public Screens {
 public:
-    Rect visibleFrame() const override { return visible; }
-    Rect statusItemFrame() const override { return statusItem; }
+    Frames look() override { return { visible, statusItem }; }
 
     Rect visible { 0, 0, 1440, 874 };
     Rect statusItem { 1000, 874, 24, 26 };
@@ -51,6 +50,8 @@ public:
     {
         ++hides;
         isShown = false;
+        if (onHide)
+            onHide();
     }
     bool isVisible() const override { return isShown; }
 
@@ -58,6 +59,7 @@ public:
     bool isShown = false;
     int shows = 0;
     int hides = 0;
+    std::function<void()> onHide;
 };
 
 /// Clicks outside, when somebody watches.

@@ -24,6 +24,8 @@ ApplicationTheme::ApplicationTheme(Observable<bool>& systemIsDark)
 {
     // The one style that takes every colour from the palette.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // A cursor that blinks would repaint the panel twice a second while nothing happens.
+    QApplication::setCursorFlashTime(0);
     m_systemChanged = m_systemIsDark.observe([this](bool) { dress(); });
 }
 

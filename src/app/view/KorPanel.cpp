@@ -143,9 +143,8 @@ void KorPanel::tellFrame()
     if (!m_tellFrame || (!m_isComposited && !m_hasToldFrame))
         return;
     m_hasToldFrame = m_isComposited;
-    const auto pixels = [ratio = devicePixelRatioF()](int points) {
-        return static_cast<int>(std::lround(points * ratio));
-    };
+    const auto pixels = [ratio = devicePixelRatioF()](
+                            int points) { return static_cast<int>(std::lround(points * ratio)); };
     const auto panel = rect().marginsRemoved(m_margins);
     m_tellFrame(static_cast<std::uint32_t>(winId()),
         { pixels(panel.x()), pixels(panel.y()), pixels(panel.width()), pixels(panel.height()) },

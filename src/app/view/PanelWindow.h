@@ -20,7 +20,7 @@ public:
     /// What the window needs of the desktop; all of it outlives the window.
     struct World {
         MainLoop& loop;
-        const TrayScreens& screens;
+        TrayScreens& screens;
         Observable<bool>& isComposited;
         TextReader clipboardText;
         std::function<void(std::uint32_t window)> takeKeyboard;

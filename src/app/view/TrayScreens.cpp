@@ -73,15 +73,14 @@ TrayScreens::Area TrayScreens::area() const
     return { inPoints(*screen, pixels.monitor), inPoints(*screen, pixels.visible) };
 }
 
-Rect TrayScreens::visibleFrame() const
+Screens::Frames TrayScreens::look()
 {
-    const auto here = area();
-    return turnedOver(here.visible, here.screen);
+    m_seen = area();
+    return { turnedOver(m_seen->visible, m_seen->screen), statusItem(*m_seen) };
 }
 
-Rect TrayScreens::statusItemFrame() const
+Rect TrayScreens::statusItem(const Area& here) const
 {
-    const auto here = area();
     if (const QRect icon = m_tray.geometry(); !icon.isEmpty())
         return turnedOver(QRectF(icon), here.screen);
     const Rect visible = turnedOver(here.visible, here.screen);
@@ -98,10 +97,11 @@ Rect TrayScreens::statusItemFrame() const
     return icon;
 }
 
-ScreenGeometry TrayScreens::geometry() const
+ScreenGeometry TrayScreens::geometry()
 {
-    const auto here = area();
-    return { here.screen.left(), here.screen.top(), here.screen.height() };
+    if (!m_seen)
+        m_seen = area();
+    return { m_seen->screen.left(), m_seen->screen.top(), m_seen->screen.height() };
 }
 
 } // namespace korvane

@@ -25,10 +25,9 @@ public:
 
     TrayScreens(const TrayItem& tray, AreaAt areaAt);
 
-    Rect visibleFrame() const override;
-    Rect statusItemFrame() const override;
-    /// The screen's place on the desktop, for windows that are put on it.
-    ScreenGeometry geometry() const;
+    Frames look() override;
+    /// The place on the desktop of the screen that was last looked at, for windows that are put on it.
+    ScreenGeometry geometry();
 
 private:
     /// The screen in points, in global coordinates.
@@ -39,9 +38,11 @@ private:
 
     std::optional<QPoint> anchor() const;
     Area area() const;
+    Rect statusItem(const Area& here) const;
 
     const TrayItem& m_tray;
     AreaAt m_areaAt;
+    std::optional<Area> m_seen;
 };
 
 } // namespace korvane

@@ -45,7 +45,11 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder.data(),
         static_cast<qsizetype>(paneltexts::renamePlaceholder.size())));
     connect(&m_renameField, &QLineEdit::returnPressed, this, [this] { submitRename(); });
-    connect(&m_renameField, &QLineEdit::editingFinished, this, [this] { giveUpRename(); });
+    connect(&m_renameField, &QLineEdit::editingFinished, this, [this] {
+        // The keyboard may go to another window and come back; within ours the focus has moved on.
+        if (window()->focusWidget() != &m_renameField)
+            giveUpRename();
+    });
 
     auto& panel = store.panel();
     m_connections.push_back(store.clipsChanged.connect([this] {

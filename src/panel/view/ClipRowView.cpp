@@ -42,6 +42,11 @@ namespace {
         return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     }
 
+    const QColor& standingBack(const PanelColours& colours, const ClipRow& shown)
+    {
+        return shown.isSelected ? colours.onSelection : colours.secondary;
+    }
+
     double badgeWidth(const QString& badge)
     {
         return badge.isEmpty()
@@ -133,11 +138,12 @@ void ClipRowView::paintGround(
         fill(colours.selection);
     if (shown.isPressed)
         fill(colours.pressed);
-    else if (shown.isHovered)
+    else if (shown.isHovered && !shown.isSelected)
         fill(colours.hover);
     if (!shown.isSelected)
         return;
-    painter.setPen(colours.selectionEdge);
+    // Under the pointer the edge is stronger; the ground stays, as texts must stand out from it.
+    painter.setPen(QPen(colours.selectionEdge, shown.isHovered ? 2 : 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(
         row.adjusted(0.5, 0.5, -0.5, -0.5), metrics::rowRadius - 0.5, metrics::rowRadius - 0.5);
@@ -173,7 +179,7 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
             QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, title.width()));
     }
     painter.setFont(panelFont(metaSize));
-    painter.setPen(colours.secondary);
+    painter.setPen(standingBack(colours, shown));
     paintMeta(painter, { title.left(), row.top() + metaTop, title.width(), metaHeight },
         paneltexts::metaItems(shown.clip, now));
 }
@@ -190,7 +196,7 @@ void ClipRowView::paintMarks(
         x += markSymbol + markGap;
     };
     if (shown.clip.isOverflow)
-        mark("externaldrive", colours.secondary);
+        mark("externaldrive", standingBack(colours, shown));
     if (shown.clip.isPinned)
         mark("pin.fill", colours.orange);
     if (badge.isEmpty())
@@ -201,7 +207,7 @@ void ClipRowView::paintMarks(
     painter.setPen(Qt::NoPen);
     painter.setBrush(colours.badge);
     painter.drawRoundedRect(box, badgeRadius, badgeRadius);
-    painter.setPen(colours.secondary);
+    painter.setPen(standingBack(colours, shown));
     painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, badge);
 }
 

@@ -20,7 +20,7 @@ namespace {
     PanelColours lightColours()
     {
         const QColor text { 0x1d, 0x1f, 0x21 };
-        const QColor secondary { 0x62, 0x66, 0x6b };
+        const QColor secondary { 0x58, 0x5c, 0x61 };
         return {
             .panel = QColor { 251, 251, 250 },
             .panelAlpha = 240,
@@ -34,6 +34,7 @@ namespace {
             .pressed = translucent(Qt::black, 0.09),
             .selection = translucent(accentGreen, 0.14),
             .selectionEdge = translucent(accentGreen, 0.38),
+            .onSelection = QColor { 0x4c, 0x50, 0x55 },
             .badge = translucent(secondary, 0.15),
             .icon = translucent(Qt::black, 0.05),
             .selectedIcon = accentGreen,
@@ -48,7 +49,7 @@ namespace {
     PanelColours darkColours()
     {
         const QColor text { 0xec, 0xee, 0xef };
-        const QColor secondary { 0xa2, 0xa7, 0xad };
+        const QColor secondary { 0xb4, 0xb9, 0xbe };
         return {
             .panel = QColor { 33, 35, 38 },
             .panelAlpha = 242,
@@ -58,10 +59,11 @@ namespace {
             .secondary = secondary,
             .chip = translucent(text, 0.08),
             .field = translucent(Qt::white, 0.06),
-            .hover = translucent(Qt::white, 0.06),
+            .hover = translucent(Qt::white, 0.055),
             .pressed = translucent(Qt::white, 0.11),
             .selection = translucent(accentGreen, 0.26),
             .selectionEdge = translucent(QColor { 60, 190, 148 }, 0.50),
+            .onSelection = QColor { 0xc8, 0xcd, 0xd2 },
             .badge = translucent(secondary, 0.18),
             .icon = translucent(Qt::white, 0.07),
             .selectedIcon = QColor { 0x4c, 0xc9, 0xa0 },

@@ -46,8 +46,9 @@ struct PanelColours {
     QColor pressed;   ///< ground of what the button is held down on
     QColor selection; ///< ground of the selected row
     QColor selectionEdge;
-    QColor badge; ///< ground of the shortcut badge
-    QColor icon;  ///< ground of a row's symbol
+    QColor onSelection; ///< text and symbols that stand back, on the selected row
+    QColor badge;       ///< ground of the shortcut badge
+    QColor icon;        ///< ground of a row's symbol
     QColor selectedIcon;
     QColor selectedIconGround;
     QColor accent;   ///< the program's one accent, the same in both schemes

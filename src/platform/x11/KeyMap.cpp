@@ -94,6 +94,7 @@ void KeyMap::watch()
 void KeyMap::forget()
 {
     m_keymap.reset();
+    m_isRead = false;
     if (m_tellingOfChange.isActive())
         return;
     m_tellingOfChange = m_loop.after(std::chrono::milliseconds(0), [this] {
@@ -104,8 +105,10 @@ void KeyMap::forget()
 
 void KeyMap::read()
 {
-    if (m_keymap || !m_context || !m_connection.isOpen())
+    // Read once, whatever came of it, until the user changes the keyboard.
+    if (m_isRead || !m_context || !m_connection.isOpen())
         return;
+    m_isRead = true;
     const auto device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
     if (device >= 0)
         m_keymap.reset(xkb_x11_keymap_new_from_device(

@@ -69,7 +69,8 @@ private:
     X11Connection& m_connection;
     MainLoop& m_loop;
     std::unique_ptr<xkb_context, Release> m_context;
-    std::unique_ptr<xkb_keymap, Release> m_keymap;         // null: to be read when next asked
+    std::unique_ptr<xkb_keymap, Release> m_keymap;
+    bool m_isRead = false;
     std::array<std::optional<KeyCode>, 256> m_positions;   // by key
     std::array<std::vector<xcb_keycode_t>, 8> m_keysOfBit; // by bit of a key event's state
     std::vector<Connection> m_connections;

@@ -17,26 +17,16 @@ namespace {
     struct Atoms {
         xcb_atom_t partial;
         xcb_atom_t whole;
+        xcb_atom_t state;
     };
 
-    /// What was asked of one window; the answers are collected after all have been asked.
+    /// What was asked of one window; the answers are collected after all have been asked, because
+    /// there may be a thousand.
     struct Question {
         xcb_window_t window;
-        xcb_get_property_cookie_t partial;
-        xcb_get_property_cookie_t whole;
-        xcb_query_tree_cookie_t children;
+        xcb_list_properties_cookie_t properties;
+        std::optional<xcb_query_tree_cookie_t> children;
     };
-
-    Question ask(X11Connection& connection, xcb_window_t window, const Atoms& atoms)
-    {
-        auto* const server = connection.get();
-        const auto property = [&](xcb_atom_t atom, std::size_t count) {
-            return xcb_get_property(
-                server, 0, window, atom, XCB_ATOM_CARDINAL, 0, static_cast<std::uint32_t>(count));
-        };
-        return { window, property(atoms.partial, numbersInPartialStrut),
-            property(atoms.whole, numbersInStrut), xcb_query_tree(server, window) };
-    }
 
     std::optional<Strut> strutFrom(
         const X11Reply<xcb_get_property_reply_t>& reply, std::size_t count)
@@ -60,29 +50,68 @@ namespace {
         return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
     }
 
-    // Reads one level; the result is the windows of the next.
-    std::vector<xcb_window_t> readLevel(X11Connection& connection,
-        std::span<const xcb_window_t> windows, const Atoms& atoms, std::vector<Strut>& struts)
+    std::optional<Strut> readStrut(
+        X11Connection& connection, xcb_window_t window, xcb_atom_t property, std::size_t count)
+    {
+        return strutFrom(connection.reply(xcb_get_property_reply,
+                             xcb_get_property(connection.get(), 0, window, property,
+                                 XCB_ATOM_CARDINAL, 0, static_cast<std::uint32_t>(count))),
+            count);
+    }
+
+    // Of a bar that says it in both forms the partial one counts (EWMH).
+    std::optional<Strut> strutOf(X11Connection& connection, xcb_window_t window,
+        std::span<const xcb_atom_t> properties, const Atoms& atoms)
+    {
+        const auto has = [&](xcb_atom_t atom) {
+            return std::ranges::find(properties, atom) != properties.end();
+        };
+        std::optional<Strut> strut;
+        if (has(atoms.partial))
+            strut = readStrut(connection, window, atoms.partial, numbersInPartialStrut);
+        if (!strut && has(atoms.whole))
+            strut = readStrut(connection, window, atoms.whole, numbersInStrut);
+        return strut && isViewable(connection, window) ? strut : std::nullopt;
+    }
+
+    enum class Below { asked, notAsked };
+
+    std::vector<Question> ask(
+        X11Connection& connection, std::span<const xcb_window_t> windows, Below below)
     {
         std::vector<Question> questions;
         questions.reserve(windows.size());
-        for (const auto window : windows)
-            questions.push_back(ask(connection, window, atoms));
+        for (const auto window : windows) {
+            questions.push_back(
+                { window, xcb_list_properties(connection.get(), window), std::nullopt });
+            if (below == Below::asked)
+                questions.back().children = xcb_query_tree(connection.get(), window);
+        }
+        return questions;
+    }
+
+    // Reads one level; the result is the windows of the next.
+    std::vector<xcb_window_t> readLevel(X11Connection& connection,
+        std::span<const Question> questions, const Atoms& atoms, std::vector<Strut>& struts)
+    {
         std::vector<xcb_window_t> below;
         for (const auto& question : questions) {
-            const auto partial = strutFrom(
-                connection.reply(xcb_get_property_reply, question.partial), numbersInPartialStrut);
-            const auto whole = strutFrom(
-                connection.reply(xcb_get_property_reply, question.whole), numbersInStrut);
-            const auto tree = connection.reply(xcb_query_tree_reply, question.children);
-            const auto& strut = partial ? partial : whole;
-            if (strut && isViewable(connection, question.window))
+            const auto listed = connection.reply(xcb_list_properties_reply, question.properties);
+            const auto tree = question.children
+                ? connection.reply(xcb_query_tree_reply, *question.children)
+                : nullptr;
+            if (!listed)
+                continue; // it has vanished
+            const std::span properties(xcb_list_properties_atoms(listed.get()),
+                static_cast<std::size_t>(xcb_list_properties_atoms_length(listed.get())));
+            if (const auto strut = strutOf(connection, question.window, properties, atoms))
                 struts.push_back(*strut);
-            if (tree) {
-                const std::span children(xcb_query_tree_children(tree.get()),
-                    static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
-                below.insert(below.end(), children.begin(), children.end());
-            }
+            // Within a program's own window there are no bars, only the parts of that window.
+            if (!tree || std::ranges::find(properties, atoms.state) != properties.end())
+                continue;
+            const std::span children(xcb_query_tree_children(tree.get()),
+                static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+            below.insert(below.end(), children.begin(), children.end());
         }
         return below;
     }
@@ -93,12 +122,15 @@ std::vector<Strut> readStruts(X11Connection& connection)
 {
     if (!connection.isOpen())
         return {};
-    const Atoms atoms { connection.atom("_NET_WM_STRUT_PARTIAL"),
-        connection.atom("_NET_WM_STRUT") };
+    const Atoms atoms { connection.atom("_NET_WM_STRUT_PARTIAL"), connection.atom("_NET_WM_STRUT"),
+        connection.atom("WM_STATE") };
+    constexpr int deepest = 3;
     std::vector<Strut> struts;
     std::vector<xcb_window_t> windows { connection.root() };
-    for (int level = 0; level <= 3 && !windows.empty(); ++level)
-        windows = readLevel(connection, windows, atoms, struts);
+    for (int level = 0; level <= deepest && !windows.empty(); ++level)
+        windows = readLevel(connection,
+            ask(connection, windows, level < deepest ? Below::asked : Below::notAsked), atoms,
+            struts);
     return struts;
 }
 

@@ -21,7 +21,8 @@ X11Compositor::X11Compositor(X11Connection& connection)
     m_connection.flush();
     m_ownerChanged = m_connection.onEvent(
         xfixes->firstEvent + XCB_XFIXES_SELECTION_NOTIFY, [this](const xcb_generic_event_t& event) {
-            const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+            const auto& change
+                = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
             if (change.selection == m_selection)
                 m_isRunning.set(change.owner != XCB_NONE);
         });
@@ -29,8 +30,8 @@ X11Compositor::X11Compositor(X11Connection& connection)
 
 void X11Compositor::ask()
 {
-    const auto owner = m_connection.reply(xcb_get_selection_owner_reply,
-        xcb_get_selection_owner(m_connection.get(), m_selection));
+    const auto owner = m_connection.reply(
+        xcb_get_selection_owner_reply, xcb_get_selection_owner(m_connection.get(), m_selection));
     m_isRunning.set(owner && owner->owner != XCB_NONE);
 }
 

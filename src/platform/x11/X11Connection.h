@@ -14,17 +14,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace korvane {
 
 /// Frees what the X library allocated for us.
-struct X11Free {
-    void operator()(void* memory) const
-    {
-        std::free(memory); // NOLINT(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
-    }
-};
+using X11Free = std::integral_constant<void (*)(void*), &std::free>;
 /// A reply of the server, or null where the server answered with an error.
 template <typename Reply>
 using X11Reply = std::unique_ptr<Reply, X11Free>;

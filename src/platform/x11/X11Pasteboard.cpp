@@ -64,10 +64,28 @@ void X11Pasteboard::tell(Change change)
 {
     // In this order, so that who puts the vanished text back has done so before anyone looks.
     const auto life = std::weak_ptr(m_life);
-    if (change.hasOwnerVanished)
+    // Another program may have taken the clipboard meanwhile; its copy is not to be replaced.
+    if (change.hasOwnerVanished && !hasOwner())
         ownerVanished();
     if (change.isForeign && !life.expired())
         changed();
+}
+
+bool X11Pasteboard::hasOwner()
+{
+    const auto owner = m_connection.reply(
+        xcb_get_selection_owner_reply, xcb_get_selection_owner(m_connection.get(), m_clipboard));
+    return owner && owner->owner != XCB_NONE;
+}
+
+void X11Pasteboard::synchronise()
+{
+    static_cast<void>(hasOwner()); // before it answers, the server tells what has happened so far
+    for (const auto& arrived : m_connection.takeArrived(m_ownerEvent)) {
+        const auto& event = ownerEvent(*arrived);
+        if (event.selection == m_clipboard)
+            post([this, change = note(event)] { tell(change); });
+    }
 }
 
 void X11Pasteboard::read(Answer answer)

@@ -24,6 +24,7 @@ public:
     ~X11Pasteboard() override = default;
 
     std::int64_t changeCount() const override { return m_changeCount; }
+    void synchronise() override;
     void read(Answer answer) override;
     void writeText(std::string_view text) override;
 
@@ -47,6 +48,7 @@ private:
     Change note(const xcb_xfixes_selection_notify_event_t& event);
     void tell(Change change);
     void dropReadings();
+    bool hasOwner();
     void post(MainLoop::Task task);
 
     X11Connection& m_connection;

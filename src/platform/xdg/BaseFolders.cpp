@@ -69,7 +69,7 @@ std::optional<BaseFolders> findBaseFolders(const FolderSources& sources)
 std::optional<fs::path> findRuntimeFolder(
     const FolderSources& sources, const fs::path& fallbackParent)
 {
-    const auto named = absolute(sources.variable("XDG_RUNTIME_DIR"));
+    auto named = absolute(sources.variable("XDG_RUNTIME_DIR"));
     if (named && named->native().size() <= longestRuntimePath && isPrivateFolder(*named))
         return named;
     const auto own = fallbackParent / ("korvane-" + std::to_string(::getuid()));

@@ -12,81 +12,89 @@ namespace korvane {
 namespace {
     namespace ondemand = simdjson::ondemand;
 
-    using Parsed = std::optional<StoredPreference>; // none: not JSON
-
-    template <typename T, typename Source = T>
-    Parsed typed(simdjson::simdjson_result<Source> result)
+    /// Each of these puts a value into `stored` and says whether there was one: false means that
+    /// the text is not JSON.
+    template <typename T, typename Source>
+    bool take(simdjson::simdjson_result<Source> result, StoredPreference& stored)
     {
         if (result.error())
-            return std::nullopt;
-        return StoredPreference { PreferenceValue(T(std::move(result).value_unsafe())), {} };
+            return false;
+        stored.value.emplace(std::in_place_type<T>, std::move(result).value_unsafe());
+        return true;
     }
 
-    Parsed parseNumber(ondemand::value value)
+    bool takeNumber(ondemand::value value, StoredPreference& stored)
     {
-        if (value.raw_json_token().find_first_of(".eE") != std::string_view::npos)
-            return typed<double>(value.get_double());
-        if (auto integer = typed<std::int64_t>(value.get_int64()))
-            return integer;
-        // Too large for an integer, or no number at all: the reader of reals tells which.
-        return typed<double>(value.get_double());
+        const auto isReal = value.raw_json_token().find_first_of(".eE") != std::string_view::npos;
+        if (!isReal && take<std::int64_t>(value.get_int64(), stored))
+            return true;
+        // Also what is too large for an integer; and what is no number at all is found out here.
+        return take<double>(value.get_double(), stored);
+    }
+
+    bool isListOfTexts(simdjson::dom::element element, std::vector<std::string>& texts)
+    {
+        simdjson::dom::array array;
+        if (element.get(array) != simdjson::SUCCESS)
+            return false;
+        for (const auto item : array) {
+            std::string_view text;
+            if (item.get(text) != simdjson::SUCCESS)
+                return false;
+            texts.emplace_back(text);
+        }
+        return true;
     }
 
     /// A list of texts, or a value that we keep without understanding it. The text is parsed anew
     /// by itself, because reading on demand would pass over what is wrong deep inside of it.
-    Parsed parseNested(std::string_view json)
+    bool takeNested(std::string_view json, StoredPreference& stored)
     {
         simdjson::dom::parser parser;
         simdjson::dom::element element;
         if (parser.parse(json).get(element) != simdjson::SUCCESS)
-            return std::nullopt;
-        StoredPreference foreign { std::nullopt, std::string(json) };
-        simdjson::dom::array array;
-        if (element.get(array) != simdjson::SUCCESS)
-            return foreign;
+            return false;
         std::vector<std::string> texts;
-        for (const auto item : array) {
-            std::string_view text;
-            if (item.get(text) != simdjson::SUCCESS)
-                return foreign;
-            texts.emplace_back(text);
-        }
-        return StoredPreference { PreferenceValue(std::move(texts)), {} };
+        if (isListOfTexts(element, texts))
+            stored.value.emplace(std::in_place_type<std::vector<std::string>>, std::move(texts));
+        else
+            stored.foreignJson = json;
+        return true;
     }
 
     template <typename Nested>
-    Parsed parseNested(simdjson::simdjson_result<Nested> nested)
+    bool takeNested(simdjson::simdjson_result<Nested> nested, StoredPreference& stored)
     {
         std::string_view json;
         if (nested.error() || nested.value_unsafe().raw_json().get(json) != simdjson::SUCCESS)
-            return std::nullopt;
+            return false;
         while (!json.empty() && json.back() != ']' && json.back() != '}')
             json.remove_suffix(1); // the blanks that follow
-        return parseNested(json);
+        return takeNested(json, stored);
     }
 
-    Parsed parseValue(ondemand::value value)
+    bool takeValue(ondemand::value value, StoredPreference& stored)
     {
         ondemand::json_type type {};
         if (value.type().get(type) != simdjson::SUCCESS)
-            return std::nullopt;
+            return false;
         switch (type) {
         case ondemand::json_type::boolean:
-            return typed<bool>(value.get_bool());
+            return take<bool>(value.get_bool(), stored);
         case ondemand::json_type::number:
-            return parseNumber(value);
+            return takeNumber(value, stored);
         case ondemand::json_type::string:
-            return typed<std::string>(value.get_string());
+            return take<std::string>(value.get_string(), stored);
         case ondemand::json_type::array:
-            return parseNested(value.get_array());
+            return takeNested(value.get_array(), stored);
         case ondemand::json_type::object:
-            return parseNested(value.get_object());
+            return takeNested(value.get_object(), stored);
         case ondemand::json_type::null:
             break;
         }
-        if (bool isNull = false; value.is_null().get(isNull) != simdjson::SUCCESS || !isNull)
-            return std::nullopt;
-        return StoredPreference { std::nullopt, "null" };
+        stored.foreignJson = "null";
+        bool isNull = false;
+        return value.is_null().get(isNull) == simdjson::SUCCESS && isNull;
     }
 
     void printText(std::string& json, std::string_view text)
@@ -160,13 +168,11 @@ std::optional<PreferencesTable> parsePreferences(std::string_view json)
         ondemand::value value;
         if (field.unescaped_key().get(key) != simdjson::SUCCESS)
             return std::nullopt;
-        std::string name(key);
-        if (field.value().get(value) != simdjson::SUCCESS)
+        std::string name(key); // a copy, as the value is read into the same memory
+        table.erase(name);     // the last one counts
+        if (field.value().get(value) != simdjson::SUCCESS
+            || !takeValue(value, table[std::move(name)]))
             return std::nullopt;
-        auto parsed = parseValue(value);
-        if (!parsed)
-            return std::nullopt;
-        table.insert_or_assign(std::move(name), std::move(*parsed));
     }
     // Nothing may follow: then there is no place left to tell of.
     if (document.current_location().error() != simdjson::OUT_OF_BOUNDS)

@@ -68,6 +68,9 @@ void XdgDesktop::revealFile(std::string_view path)
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     call << QStringList { QString::fromStdString(uriOf(file)) } << QString();
     const auto pending = m_bus.asyncCall(call, static_cast<int>(m_patience.count()));
+    // Without a connection the call has ended before it began, and nobody would tell of it.
+    if (pending.isFinished())
+        return openFolderOf(file);
     const auto* const watcher = new QDBusPendingCallWatcher(pending, &m_calls);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_calls,
         [this, file = std::move(file)](QDBusPendingCallWatcher* finished) {

@@ -1,0 +1,26 @@
+"""What every test on the desktop begins and ends with."""
+
+import unittest
+
+from support.desk import Desk
+from support.korvane import Korvane
+
+
+class DesktopTest(unittest.TestCase):
+    """A test with a desk of its own."""
+
+    def setUp(self):
+        self.desk = Desk()
+        self.addCleanup(self.desk.close)
+        self.keys, self.screen, self.clipboard = self.desk.keys, self.desk.screen, self.desk.clipboard
+
+    def start_korvane(self, clips=(), **preferences):
+        self.korvane = Korvane(self.desk, clips, **preferences)
+        self.history = self.korvane.history
+        return self.korvane
+
+    def expect_no_new_clip(self, texts):
+        """Proves that nothing but these texts was captured until now: the next copy is the next clip."""
+        self.korvane.turn()
+        self.clipboard.set("the next copy")
+        self.history.wait_for_texts(["the next copy", *texts])

@@ -1,0 +1,42 @@
+"""The clipboard as other programs see it: by xclip, and by the events of the server."""
+
+import subprocess
+
+from Xlib.display import Display
+from Xlib.ext import xfixes
+
+
+class Clipboard:
+    """Sets and reads the selections with xclip, and counts how often CLIPBOARD changed hands."""
+
+    def __init__(self):
+        # A connection of its own: its events are nobody else's.
+        self.display = Display()
+        self.display.xfixes_query_version()
+        mask = xfixes.XFixesSetSelectionOwnerNotifyMask | xfixes.XFixesSelectionClientCloseNotifyMask
+        self.display.xfixes_select_selection_input(self.display.screen().root, self.display.get_atom("CLIPBOARD"), mask)
+        self.display.sync()
+        self.changes = 0
+
+    def count(self):
+        """How often CLIPBOARD has had a new owner, or been taken anew by the old one, so far."""
+        self.display.sync()
+        while self.display.pending_events():
+            self.display.next_event()
+            self.changes += 1
+        return self.changes
+
+    def set(self, text, selection="clipboard"):
+        """Puts bytes or a text on the clipboard; xclip goes on serving it behind our back."""
+        data = text.encode() if isinstance(text, str) else text
+        subprocess.run(["xclip", "-selection", selection, "-i"], input=data, check=True, timeout=20,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def get(self, selection="clipboard", target="UTF8_STRING", seconds=10):
+        """What is on the clipboard, as bytes; empty when it has no owner, or no such target."""
+        answer = subprocess.run(["xclip", "-selection", selection, "-o", "-t", target], capture_output=True,
+                                check=False, timeout=seconds)
+        return answer.stdout if answer.returncode == 0 else b""
+
+    def text(self):
+        return self.get().decode("utf-8", "replace")

@@ -1,0 +1,171 @@
+"""The display as a user sees it: its windows, the keyboard's owner, the pixels."""
+
+import contextlib
+import struct
+import zlib
+
+from Xlib import X, Xatom, Xutil, error
+from Xlib.display import Display
+from Xlib.protocol import event
+
+from support.waiting import NotObserved, wait_for
+
+
+class Box:
+    """A rectangle in pixels, from the top left corner of the screen."""
+
+    def __init__(self, x, y, width, height):
+        self.x, self.y, self.width, self.height = x, y, width, height
+
+    right = property(lambda self: self.x + self.width)
+    bottom = property(lambda self: self.y + self.height)
+    middle = property(lambda self: (self.x + self.width // 2, self.y + self.height // 2))
+
+    def __eq__(self, other):
+        return isinstance(other, Box) and (self.x, self.y, self.width, self.height) == (other.x, other.y, other.width, other.height)
+
+    def __repr__(self):
+        return f"{self.width}×{self.height}+{self.x}+{self.y}"
+
+
+class Screen:
+    """One connection to the X server, for looking and for asking window managers."""
+
+    def __init__(self):
+        self.display = Display()
+        self.root = self.display.screen().root
+        # A window that goes while it is looked at is nothing worth telling.
+        self.display.set_error_handler(lambda *_: None)
+
+    def atom(self, name):
+        return self.display.get_atom(name)
+
+    def window(self, number):
+        return self.display.create_resource_object("window", number)
+
+    def property(self, window, name, kind=X.AnyPropertyType):
+        """The value of a property as Xlib gives it; None where there is none, or no such window."""
+        try:
+            answer = window.get_full_property(self.atom(name), kind)
+        except error.XError:
+            return None
+        return answer.value if answer else None
+
+    def title(self, window):
+        value = self.property(window, "_NET_WM_NAME") or self.property(window, "WM_NAME")
+        return value.decode("utf-8", "replace") if isinstance(value, bytes) else value or ""
+
+    def wm_class(self, window):
+        """(instance, class), or two empty texts."""
+        try:
+            return window.get_wm_class() or ("", "")
+        except error.XError:
+            return ("", "")
+
+    def is_viewable(self, window):
+        try:
+            return window.get_attributes().map_state == X.IsViewable
+        except error.XError:
+            return False
+
+    def box(self, window):
+        """Where a window stands on the screen, without a frame that a window manager has put around it."""
+        geometry = window.get_geometry()
+        place = window.translate_coords(self.root, 0, 0)
+        return Box(-place.x, -place.y, geometry.width, geometry.height)
+
+    def below(self, window, depth):
+        """The windows below one, down to a depth."""
+        with contextlib.suppress(error.XError):
+            for child in window.query_tree().children:
+                yield child
+                if depth > 1:
+                    yield from self.below(child, depth - 1)
+
+    def find(self, name, title=None, depth=3, viewable=True):
+        """The windows of a class (either part of WM_CLASS, caseless), by title if one is given."""
+        return [window for window in self.below(self.root, depth)
+                if name.lower() in (part.lower() for part in self.wm_class(window))
+                and (title is None or self.title(window) == title)
+                and (not viewable or self.is_viewable(window))]
+
+    def active(self):
+        """The number of the window that the window manager calls active; 0: none."""
+        value = self.property(self.root, "_NET_ACTIVE_WINDOW", Xatom.WINDOW)
+        return value[0] if value else 0
+
+    def focused(self):
+        """The number of the window that has the keyboard."""
+        focus = self.display.get_input_focus().focus
+        return focus if isinstance(focus, int) else focus.id
+
+    def has_keyboard(self, window):
+        """Whether a key press would reach the window: it, or one below it, has the input focus."""
+        focus = self.focused()
+        return focus == window.id or any(child.id == focus for child in self.below(window, 3))
+
+    def activate(self, window):
+        """Asks the window manager, as a task bar does, and waits until it has done so. It is asked
+        again where a program that is only just starting has taken the front for itself meanwhile."""
+        def asked():
+            # The time keeps a program that is slow to answer from taking the keyboard later on.
+            data = (32, [2, self.server_time(), 0, 0, 0])
+            message = event.ClientMessage(window=window, client_type=self.atom("_NET_ACTIVE_WINDOW"), data=data)
+            self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+            self.display.flush()
+            try:
+                return wait_for("it is in front", lambda: self.is_in_front(window), 1)
+            except NotObserved:
+                return False
+
+        wait_for(lambda: f"{self.title(window)!r} is in front", asked)
+
+    def is_in_front(self, window):
+        return self.active() == window.id and self.has_keyboard(window)
+
+    def owner(self, selection="CLIPBOARD"):
+        """The number of the window that owns a selection; 0: none."""
+        owner = self.display.get_selection_owner(self.atom(selection))
+        return owner if isinstance(owner, int) else owner.id
+
+    def top_bar(self):
+        """How much of the screen's top the bars keep for themselves (EWMH, _NET_WM_STRUT_PARTIAL)."""
+        struts = (self.property(window, "_NET_WM_STRUT_PARTIAL") for window in self.below(self.root, 3))
+        return max((strut[2] for strut in struts if strut is not None), default=0)
+
+    def server_time(self):
+        """The server's time in milliseconds, by a property that changes on a window of ours."""
+        window = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, X.InputOnly, event_mask=X.PropertyChangeMask)
+        window.change_property(Xatom.WM_NAME, Xatom.STRING, 8, b"now")
+        while True:
+            happened = self.display.next_event()
+            if happened.type == X.PropertyNotify and happened.window == window:
+                window.destroy()
+                return happened.time
+
+    def pixels(self, box):
+        """The pixels of a part of the screen: rows of (blue, green, red, unused) bytes."""
+        image = self.root.get_image(box.x, box.y, box.width, box.height, X.ZPixmap, 0xFFFFFFFF)
+        data, stride = image.data, box.width * 4
+        return [data[row * stride:(row + 1) * stride] for row in range(box.height)]
+
+    def save(self, path):
+        """Writes a picture of the whole screen as PNG."""
+        geometry = self.root.get_geometry()
+        rows = self.pixels(Box(0, 0, geometry.width, geometry.height))
+        body = b"".join(b"\0" + rgb(row) for row in rows)
+        header = struct.pack(">IIBBBBB", geometry.width, geometry.height, 8, 2, 0, 0, 0)
+        with open(path, "wb") as file:
+            file.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(body, 6)) + chunk(b"IEND", b""))
+
+
+def rgb(row):
+    """A row of (blue, green, red, unused) as (red, green, blue)."""
+    out = bytearray(len(row) // 4 * 3)
+    out[0::3], out[1::3], out[2::3] = row[2::4], row[1::4], row[0::4]
+    return bytes(out)
+
+
+def chunk(kind, data):
+    """A chunk of a PNG file (ISO 15948)."""
+    return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))

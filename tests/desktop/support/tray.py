@@ -1,0 +1,76 @@
+"""The desktop's bar with its tray, and Korvane's icon in it."""
+
+from Xlib import X, Xatom
+from Xlib.protocol import event
+
+from support.display import Box
+from support.waiting import wait_for
+
+# Both bars stand at the top and are no higher than this.
+BAR = Box(0, 0, 1300, 26)
+
+
+class Tray:
+    """Make it before Korvane starts: the icon is what has come into the bar since."""
+
+    def __init__(self, desk):
+        self.desk = desk
+        self.screen = desk.screen
+        self.fillers = []
+        if desk.kind == "i3":
+            self.fill(25)
+        self.before = self.screen.pixels(BAR)
+
+    def fill(self, count):
+        """Puts icons of ours into the tray: the others stand further from the screen's edge then."""
+        owner = self.screen.window(self.screen.owner("_NET_SYSTEM_TRAY_S0"))
+        self.fillers = [self.dock(owner) for _ in range(count)]
+        wait_for("the tray shows our icons", lambda: all(self.screen.is_viewable(window) for window in self.fillers))
+
+    def dock(self, owner):
+        """One icon, by the System Tray Protocol of freedesktop."""
+        root = self.screen.root
+        window = root.create_window(0, 0, 16, 16, 0, X.CopyFromParent, background_pixel=0x3377AA)
+        information = self.screen.atom("_XEMBED_INFO")
+        window.change_property(information, information, 32, [0, 1])
+        window.change_property(Xatom.WM_CLASS, Xatom.STRING, 8, b"zfiller\0Zfiller\0")
+        data = (32, [X.CurrentTime, 0, window.id, 0, 0])
+        owner.send_event(event.ClientMessage(window=owner, client_type=self.screen.atom("_NET_SYSTEM_TRAY_OPCODE"), data=data))
+        self.screen.display.flush()
+        return window
+
+    def icon(self):
+        """Where Korvane's icon is: its window where the tray holds one, else the pixels that changed."""
+        return wait_for("Korvane's icon in the tray", self.embedded if self.desk.kind == "i3" else self.painted)
+
+    def embedded(self):
+        panels = {window.id for window in self.screen.find("korvane", depth=1, viewable=False)}
+        icons = [window for window in self.screen.find("korvane", depth=5) if window.id not in panels]
+        return self.screen.box(icons[0]) if icons else None
+
+    def painted(self):
+        return changed_box(self.before, self.screen.pixels(BAR), BAR)
+
+    def click(self, button=1):
+        box = self.icon()
+        self.desk.keys.click(*box.middle, button=button)
+        return box
+
+
+def changed_box(before, after, area):
+    """The smallest rectangle that holds every pixel that differs; None: nothing differs."""
+    differing = [(number, columns) for number, rows in enumerate(zip(before, after)) if (columns := differing_columns(*rows))]
+    if not differing:
+        return None
+    top, bottom = differing[0][0], differing[-1][0] + 1
+    left = min(columns[0] for _, columns in differing)
+    right = max(columns[1] for _, columns in differing) + 1
+    return Box(area.x + left, area.y + top, right - left, bottom - top)
+
+
+def differing_columns(old, new):
+    """The first and the last column in which two rows of pixels differ in colour; None: in none."""
+    if old == new:
+        return None
+    columns = [column for column in range(len(old) // 4) if old[column * 4:column * 4 + 3] != new[column * 4:column * 4 + 3]]
+    return (columns[0], columns[-1]) if columns else None

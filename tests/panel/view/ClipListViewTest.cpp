@@ -1,0 +1,290 @@
+#include "panel/view/ClipListView.h"
+
+#include "panel/view/PanelStyle.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/ViewFixture.h"
+#include "support/Input.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace korvane {
+namespace {
+
+    using namespace std::chrono_literals;
+    using Done = test::FakeClipActions::Done;
+
+    constexpr int listHeight = 306; // six rows
+
+    struct ListFixture : test::ViewFixture {
+        explicit ListFixture(int clips = 0)
+        {
+            addNumbered(clips);
+            list.resize(metrics::panelWidth, listHeight);
+            list.show();
+            test::settle();
+        }
+        QPointF middleOf(std::size_t index) const { return list.rowRect(index).center(); }
+
+        Symbols symbols;
+        ClipListView list { store, controller, loop, symbols, {}, [] {}, nullptr };
+    };
+
+    TEST(ClipListViewTest, ARowIs48HighAndTwoPointsFromTheNext)
+    {
+        ListFixture f(3);
+
+        EXPECT_EQ(f.list.rowRect(0), QRectF(6, 4, 348, 48));
+        EXPECT_EQ(f.list.rowRect(1), QRectF(6, 54, 348, 48));
+        EXPECT_EQ(f.list.contentHeight(), 3 * 50 - 2 + 8);
+    }
+
+    TEST(ClipListViewTest, BetweenTwoRowsThereIsNone)
+    {
+        ListFixture f(3);
+
+        EXPECT_EQ(f.list.rowAt({ 100, 51 }), 0U);
+        EXPECT_EQ(f.list.rowAt({ 100, 52.5 }), std::nullopt);
+        EXPECT_EQ(f.list.rowAt({ 100, 54.5 }), 1U);
+        EXPECT_EQ(f.list.rowAt({ 100, 160 }), std::nullopt);
+        EXPECT_EQ(f.list.rowAt({ 3, 20 }), std::nullopt);
+    }
+
+    TEST(ClipListViewTest, AClickChoosesTheClipUnderThePointer)
+    {
+        ListFixture f(5);
+
+        test::click(f.list, f.middleOf(2));
+
+        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "choose", "clip 3" } }));
+        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(2));
+    }
+
+    TEST(ClipListViewTest, APressThatEndsOnAnotherRowChoosesNothing)
+    {
+        ListFixture f(5);
+
+        test::press(f.list, f.middleOf(2));
+        test::release(f.list, f.middleOf(3));
+
+        EXPECT_TRUE(f.actions.done.empty());
+    }
+
+    TEST(ClipListViewTest, ACopyThatMovesTheRowsUnderAPressChoosesNoOtherClip)
+    {
+        ListFixture f(5);
+
+        test::press(f.list, f.middleOf(2));
+        f.add("a new copy");
+        test::release(f.list, f.middleOf(2));
+
+        EXPECT_TRUE(f.actions.done.empty());
+    }
+
+    TEST(ClipListViewTest, AClickAfterScrollingMeetsWhatIsSeen)
+    {
+        ListFixture f(50);
+        f.list.setOffset(500);
+
+        test::click(f.list, { 100, 30 });
+
+        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "choose", "clip 11" } }));
+    }
+
+    TEST(ClipListViewTest, ItScrollsNoFurtherThanToItsEnds)
+    {
+        ListFixture f(50);
+
+        f.list.setOffset(-10);
+        EXPECT_EQ(f.list.offset(), 0);
+        f.list.setOffset(1e9);
+        EXPECT_EQ(f.list.offset(), f.list.contentHeight() - listHeight);
+    }
+
+    TEST(ClipListViewTest, AListThatFitsDoesNotScroll)
+    {
+        ListFixture f(3);
+
+        test::turnWheel(f.list, 3);
+
+        EXPECT_EQ(f.list.offset(), 0);
+    }
+
+    TEST(ClipListViewTest, ANotchOfTheWheelScrollsTwoRowsAndAFractionLess)
+    {
+        ListFixture f(50);
+
+        test::turnWheel(f.list, 1);
+        EXPECT_EQ(f.list.offset(), 100);
+        test::turnWheel(f.list, -0.25);
+        EXPECT_EQ(f.list.offset(), 75);
+    }
+
+    TEST(ClipListViewTest, TheSelectedClipIsBroughtToTheMiddle)
+    {
+        ListFixture f(50);
+
+        f.panel().selectedClipID.set(f.idAt(20));
+
+        EXPECT_EQ(f.middleOf(20).y(), listHeight / 2.0);
+    }
+
+    TEST(ClipListViewTest, NearTheEndsTheSelectedClipIsAsNearToTheMiddleAsCanBe)
+    {
+        ListFixture f(50);
+
+        f.panel().selectedClipID.set(f.idAt(49));
+        EXPECT_EQ(f.list.offset(), f.list.contentHeight() - listHeight);
+        f.panel().selectedClipID.set(f.idAt(0));
+        EXPECT_EQ(f.list.offset(), 0);
+    }
+
+    TEST(ClipListViewTest, ASelectionThatIsGivenUpDoesNotScroll)
+    {
+        ListFixture f(50);
+        f.panel().selectedClipID.set(f.idAt(20));
+        const auto before = f.list.offset();
+
+        f.panel().selectedClipID.set(std::nullopt);
+
+        EXPECT_EQ(f.list.offset(), before);
+    }
+
+    TEST(ClipListViewTest, OpeningThePanelReturnsTheListToItsTop)
+    {
+        ListFixture f(50);
+        f.list.setOffset(700);
+        f.list.hide();
+
+        f.controller.prepareToOpen("clip 30");
+        f.list.show();
+
+        EXPECT_EQ(f.list.offset(), 0);
+        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(29));
+    }
+
+    TEST(ClipListViewTest, ASearchShowsItsFirstHitsAtTheTop)
+    {
+        ListFixture f(50);
+        f.list.setOffset(700);
+
+        f.panel().panelSearch.set("clip 1");
+
+        EXPECT_EQ(f.list.offset(), 0);
+        EXPECT_EQ(f.list.contentHeight(), 11 * 50 - 2 + 8);
+    }
+
+    TEST(ClipListViewTest, TheMiddleOfTheSelectedRowIsToldFromThePanelsTop)
+    {
+        ListFixture f(50);
+
+        f.panel().selectedClipID.set(f.idAt(1));
+        EXPECT_EQ(f.panel().selectedRowMidY, 121 + 4 + 50 + 24);
+        f.list.setOffset(30);
+        EXPECT_EQ(f.panel().selectedRowMidY, 121 + 4 + 50 + 24 - 30);
+    }
+
+    TEST(ClipListViewTest, ANewCopyMovesTheSelectedRowAndItsMiddleIsToldAnew)
+    {
+        ListFixture f(3);
+        f.panel().selectedClipID.set(f.idAt(0));
+
+        f.add("a new copy");
+
+        EXPECT_EQ(f.panel().selectedRowMidY, 121 + 4 + 50 + 24);
+    }
+
+    TEST(ClipListViewTest, ThePointerSelectsNothingByResting)
+    {
+        ListFixture f(5);
+        f.panel().selectedClipID.set(f.idAt(0));
+
+        test::movePointer(f.list, f.middleOf(3));
+
+        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(0));
+    }
+
+    TEST(ClipListViewTest, SelectionHoverAndPressAreShownDifferently)
+    {
+        ListFixture f(5);
+        f.panel().selectedClipID.set(f.idAt(0));
+        const auto groundOf = [&f](std::size_t index) {
+            const auto row = f.list.rowRect(index);
+            return f.list.grab().toImage().pixelColor(
+                static_cast<int>(row.center().x()), static_cast<int>(row.bottom()) - 4);
+        };
+
+        test::movePointer(f.list, f.middleOf(1));
+        const auto hovered = groundOf(1);
+        test::press(f.list, f.middleOf(1));
+        const auto pressed = groundOf(1);
+
+        EXPECT_NE(groundOf(0), groundOf(2));
+        EXPECT_NE(hovered, groundOf(2));
+        EXPECT_NE(hovered, groundOf(0));
+        EXPECT_NE(pressed, hovered);
+    }
+
+    TEST(ClipListViewTest, AnIdleListDoesNotRepaint)
+    {
+        ListFixture f(50);
+        test::PaintCounter paints(f.list);
+
+        f.loop.advance(59s);
+        test::settle();
+
+        EXPECT_EQ(paints.count, 0);
+    }
+
+    TEST(ClipListViewTest, AgesAreBroughtUpToDateEveryMinuteWhileTheListIsShown)
+    {
+        ListFixture f(50);
+        test::PaintCounter paints(f.list);
+
+        f.loop.advance(1min);
+        test::settle();
+        EXPECT_EQ(paints.count, 1);
+        f.list.hide();
+
+        EXPECT_EQ(f.loop.pendingTimers(), 0U);
+    }
+
+    TEST(ClipListViewTest, AMovedSelectionRepaintsTwoRowsAndNoMore)
+    {
+        ListFixture f(5);
+        f.panel().selectedClipID.set(f.idAt(0));
+        test::settle();
+        test::PaintCounter paints(f.list);
+
+        f.panel().selectedClipID.set(f.idAt(1));
+        test::settle();
+
+        EXPECT_EQ(paints.count, 1);
+        EXPECT_LE(paints.area.height(), 100);
+    }
+
+    TEST(ClipListViewTest, AHiddenListAsksTheStoreForNothing)
+    {
+        ListFixture f(50);
+        f.list.hide();
+        test::PaintCounter paints(f.list);
+
+        f.add("a copy while the panel is closed");
+        test::settle();
+
+        EXPECT_EQ(paints.count, 0);
+    }
+
+    TEST(ClipListViewTest, ADeletedClipLeavesTheList)
+    {
+        ListFixture f(3);
+
+        f.controller.remove(f.idAt(1));
+        test::click(f.list, f.middleOf(1));
+
+        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "choose", "clip 3" } }));
+    }
+
+} // namespace
+} // namespace korvane

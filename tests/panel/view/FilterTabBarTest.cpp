@@ -1,0 +1,143 @@
+#include "panel/view/FilterTabBar.h"
+
+#include "panel/view/PanelStyle.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/ViewFixture.h"
+#include "support/Input.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QHelpEvent>
+#include <QImage>
+#include <QToolTip>
+
+#include <vector>
+
+namespace korvane {
+namespace {
+
+    using namespace std::chrono_literals;
+
+    struct TabBarFixture : test::ViewFixture {
+        TabBarFixture()
+        {
+            bar.resize(metrics::panelWidth, metrics::tabsHeight);
+            bar.show();
+        }
+        QColor colourAt(const QPointF& point)
+        {
+            return bar.grab().toImage().pixelColor(point.toPoint());
+        }
+
+        Symbols symbols;
+        FilterTabBar bar { store, symbols, [this](FilterTab tab) { controller.switchTab(tab); },
+            nullptr };
+    };
+
+    TEST(FilterTabBarTest, EveryTabHasItsSymbol)
+    {
+        std::vector<std::string> symbols;
+        for (const auto tab : allFilterTabs)
+            symbols.emplace_back(symbolOf(tab));
+
+        EXPECT_EQ(symbols,
+            (std::vector<std::string> { "tray.full", "pin.fill", "text.alignleft", "link",
+                "chevron.left.forwardslash.chevron.right", "envelope", "folder", "face.smiling",
+                "doc.badge.arrow.up.fill" }));
+    }
+
+    TEST(FilterTabBarTest, TheChipsStandInTheOrderOfTheRingWithoutOverlapInsideTheBar)
+    {
+        TabBarFixture f;
+
+        double right = 0;
+        for (const auto tab : allFilterTabs) {
+            EXPECT_GT(f.bar.chip(tab).left(), right);
+            right = f.bar.chip(tab).right();
+        }
+        EXPECT_LE(right, f.bar.width());
+    }
+
+    TEST(FilterTabBarTest, TheChosenTabIsGreenAndWiderByItsName)
+    {
+        TabBarFixture f;
+
+        const auto chosen = f.bar.chip(FilterTab::all);
+        const auto other = f.bar.chip(FilterTab::pinned);
+
+        EXPECT_GT(chosen.width(), other.width() + 10);
+        EXPECT_EQ(f.colourAt(chosen.center() + QPointF(0, -11)), QColor(28, 158, 117));
+        EXPECT_NE(f.colourAt(other.center() + QPointF(0, -11)), QColor(28, 158, 117));
+    }
+
+    TEST(FilterTabBarTest, ClickingATabMovesTheGreenChipAtOnceAndTheListLater)
+    {
+        TabBarFixture f;
+
+        test::click(f.bar, f.bar.chip(FilterTab::code).center());
+
+        EXPECT_GT(f.bar.chip(FilterTab::code).width(), f.bar.chip(FilterTab::all).width());
+        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::all);
+        f.loop.advance(230ms);
+        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::code);
+    }
+
+    TEST(FilterTabBarTest, ClickingTheChosenTabSwitchesNothingAndKeepsTheSelection)
+    {
+        TabBarFixture f;
+        f.addNumbered(3);
+        f.panel().selectedClipID.set(f.idAt(2));
+
+        test::click(f.bar, f.bar.chip(FilterTab::all).center());
+        f.loop.advance(1s);
+
+        EXPECT_FALSE(f.panel().isTabSwitching.value());
+        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(2));
+    }
+
+    TEST(FilterTabBarTest, APressThatIsDraggedToAnotherTabSwitchesNothing)
+    {
+        TabBarFixture f;
+
+        test::press(f.bar, f.bar.chip(FilterTab::code).center());
+        test::release(f.bar, f.bar.chip(FilterTab::url).center());
+
+        EXPECT_EQ(f.panel().shownTab(), FilterTab::all);
+    }
+
+    TEST(FilterTabBarTest, ThreeQuickTabKeysMoveTheGreenChipThreeTabsOn)
+    {
+        TabBarFixture f;
+
+        for (int press = 0; press < 3; ++press)
+            f.controller.handle({ keycodes::tab, 0, "" });
+
+        EXPECT_GT(f.bar.chip(FilterTab::url).width(), f.bar.chip(FilterTab::all).width());
+        f.loop.advance(1s);
+        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::url);
+    }
+
+    TEST(FilterTabBarTest, ATabTellsItsTitleInAToolTip)
+    {
+        TabBarFixture f;
+        const auto at = f.bar.chip(FilterTab::email).center().toPoint();
+
+        QHelpEvent rest(QEvent::ToolTip, at, f.bar.mapToGlobal(at));
+        QApplication::sendEvent(&f.bar, &rest);
+
+        EXPECT_EQ(QToolTip::text(), QStringLiteral("Email"));
+    }
+
+    TEST(FilterTabBarTest, WithTheFocusTheArrowKeysChooseTheNeighbour)
+    {
+        TabBarFixture f;
+
+        test::typeKey(f.bar, Qt::Key_Left);
+        f.loop.advance(1s);
+
+        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::large);
+    }
+
+} // namespace
+} // namespace korvane

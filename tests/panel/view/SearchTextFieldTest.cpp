@@ -1,0 +1,189 @@
+#include "panel/view/SearchTextField.h"
+
+#include "panel/view/PanelStyle.h"
+#include "panel/view/Symbols.h"
+#include "panel/view/ViewFixture.h"
+#include "support/Input.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+
+#include <functional>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+    struct SearchFixture : test::ViewFixture {
+        SearchFixture()
+        {
+            search.resize(metrics::panelWidth, metrics::searchHeight);
+            search.show();
+            search.setFocus();
+        }
+        QString text() { return search.field().text(); }
+        const std::string& searched() { return panel().panelSearch.value(); }
+
+        /// What the field has asked of the clipboard and not been told yet.
+        std::vector<std::function<void(QString)>> questions;
+        Symbols symbols;
+        SearchTextField search { store, symbols,
+            [this](std::function<void(QString)> answer) { questions.push_back(std::move(answer)); },
+            nullptr };
+    };
+
+    TEST(SearchTextFieldTest, EveryKeystrokeIsSearchedForAtOnce)
+    {
+        SearchFixture f;
+        std::vector<std::string> told;
+        const auto listening = f.panel().panelSearch.onChange(
+            [&](const std::string& search) { told.push_back(search); });
+
+        test::typeText(f.search.field(), QStringLiteral("abc"));
+
+        EXPECT_EQ(told, (std::vector<std::string> { "a", "ab", "abc" }));
+    }
+
+    TEST(SearchTextFieldTest, ASearchClearedElsewhereEmptiesTheField)
+    {
+        SearchFixture f;
+        test::typeText(f.search.field(), QStringLiteral("abc"));
+
+        f.panel().panelSearch.set({});
+
+        EXPECT_EQ(f.text(), QString());
+    }
+
+    TEST(SearchTextFieldTest, TypingInTheMiddleKeepsTheCursorThere)
+    {
+        SearchFixture f;
+        test::typeText(f.search.field(), QStringLiteral("ac"));
+        f.search.field().setCursorPosition(1);
+
+        test::typeText(f.search.field(), QStringLiteral("b"));
+
+        EXPECT_EQ(f.searched(), "abc");
+        EXPECT_EQ(f.search.field().cursorPosition(), 2);
+    }
+
+    TEST(SearchTextFieldTest, ItSaysWhatItIsFor)
+    {
+        SearchFixture f;
+
+        EXPECT_EQ(f.search.field().placeholderText(), QStringLiteral("Search..."));
+        EXPECT_NEAR(QFontInfo(f.search.field().font()).pixelSize(), 14, 0.5);
+    }
+
+    TEST(SearchTextFieldTest, ItTakesTheFocusWhenTheWindowGetsTheKeyboard)
+    {
+        SearchFixture f;
+        f.search.field().clearFocus();
+
+        QEvent activated(QEvent::WindowActivate);
+        QApplication::sendEvent(&f.search, &activated);
+
+        EXPECT_EQ(f.search.focusWidget(), &f.search.field());
+    }
+
+    TEST(SearchTextFieldTest, APasteWaitsForNobody)
+    {
+        SearchFixture f;
+        test::typeText(f.search.field(), QStringLiteral("ad"));
+        f.search.field().setCursorPosition(1);
+
+        test::typeKey(f.search.field(), Qt::Key_V, Qt::ControlModifier);
+        ASSERT_EQ(f.questions.size(), 1U);
+        EXPECT_EQ(f.text(), QStringLiteral("ad"));
+        f.questions.front()(QStringLiteral("bc"));
+
+        EXPECT_EQ(f.searched(), "abcd");
+    }
+
+    TEST(SearchTextFieldTest, ShiftInsertPastesToo)
+    {
+        SearchFixture f;
+
+        test::typeKey(f.search.field(), Qt::Key_Insert, Qt::ShiftModifier);
+
+        EXPECT_EQ(f.questions.size(), 1U);
+    }
+
+    TEST(SearchTextFieldTest, LineEndsInAPastedTextBecomeBlanks)
+    {
+        SearchFixture f;
+
+        f.search.field().pasteText();
+        f.questions.front()(QString::fromUtf8("a\r\nb\nc\u2029d"));
+
+        EXPECT_EQ(f.searched(), "a b c d");
+    }
+
+    TEST(SearchTextFieldTest, AnAnswerThatComesWhenTheFieldHasGoneIsDropped)
+    {
+        std::function<void(QString)> answer;
+        {
+            SearchFixture f;
+            f.search.field().pasteText();
+            answer = f.questions.front();
+        }
+
+        answer(QStringLiteral("too late"));
+    }
+
+    TEST(SearchTextFieldTest, TheMiddleButtonPastesNothing)
+    {
+        SearchFixture f;
+        auto* clipboard = QGuiApplication::clipboard();
+        if (clipboard->supportsSelection())
+            clipboard->setText(QStringLiteral("selected elsewhere"), QClipboard::Selection);
+
+        test::click(f.search.field(), { 5, 5 }, Qt::MiddleButton);
+
+        EXPECT_EQ(f.text(), QString());
+    }
+
+    TEST(SearchTextFieldTest, ItsMenuPastesFromTheReader)
+    {
+        SearchFixture f;
+
+        test::rightClick(f.search.field(), { 5, 5 });
+        auto* menu = f.search.field().findChild<QMenu*>();
+        ASSERT_NE(menu, nullptr);
+        for (auto* action : menu->actions()) {
+            if (action->text() == QStringLiteral("Paste"))
+                action->trigger();
+        }
+        menu->close();
+
+        EXPECT_EQ(f.questions.size(), 1U);
+    }
+
+    TEST(SearchTextFieldTest, AnInputMethodsTextIsSearchedForWhenItIsCommitted)
+    {
+        SearchFixture f;
+
+        QInputMethodEvent composing(QStringLiteral("vie"), {});
+        QApplication::sendEvent(&f.search.field(), &composing);
+        EXPECT_EQ(f.searched(), "");
+        QInputMethodEvent committed;
+        committed.setCommitString(QString::fromUtf8("việt"));
+        QApplication::sendEvent(&f.search.field(), &committed);
+
+        EXPECT_EQ(f.searched(), "việt");
+    }
+
+    TEST(SearchTextFieldTest, AClickBesideTheLineLeadsIntoIt)
+    {
+        SearchFixture f;
+        f.search.field().clearFocus();
+
+        test::click(f.search, { 20, 15 });
+
+        EXPECT_EQ(f.search.focusWidget(), &f.search.field());
+    }
+
+} // namespace
+} // namespace korvane

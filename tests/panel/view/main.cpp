@@ -1,0 +1,16 @@
+#include "app/view/ApplicationTheme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+/// The views are tested without a display, and look the same on every machine.
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    korvane::Observable<bool> systemIsDark { false };
+    const korvane::ApplicationTheme theme(systemIsDark);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,284 @@
+#include "platform/x11/X11Workspace.h"
+
+#include "X11Desk.h"
+#include "platform/x11/X11OutsideClicks.h"
+#include "platform/xdg/DesktopEntries.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <unistd.h>
+
+namespace korvane {
+namespace {
+
+    using test::TestClient;
+    using test::TestWindow;
+    using test::waitUntil;
+
+    struct WorkspaceFixture : test::X11Desk {
+        test::TempFolder folder;
+        DesktopEntries entries { loop, { folder.path() } };
+        TestClient toolkit; // the connection that our windows are made on
+        X11Workspace workspace { connection, entries, windowsOf(toolkit.get()) };
+        TestWindow window { otherProgram };
+
+        void install(std::string_view id, std::string_view lines) const
+        {
+            std::ofstream(folder.path() / (std::string(id) + ".desktop"))
+                << "[Desktop Entry]\nType=Application\nExec=true\n"
+                << lines;
+        }
+        /// What is in front when the window is.
+        std::optional<RunningApplication> whenInFront()
+        {
+            EXPECT_TRUE(bringToFront(window));
+            return workspace.frontmost();
+        }
+    };
+
+    TEST(X11WorkspaceTest, TheApplicationInFrontIsIdentifiedByItsEntry)
+    {
+        WorkspaceFixture f;
+        f.install("org.example.Editor", "Name=Fine Editor\n");
+        f.window.setClass("editor", "Editor");
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application);
+        EXPECT_EQ(application->bundleIdentifier, "org.example.Editor");
+        EXPECT_EQ(application->localizedName, "Fine Editor");
+        EXPECT_EQ(application->window, f.window.id());
+    }
+
+    TEST(X11WorkspaceTest, TheApplicationsOwnIdentifierCounts)
+    {
+        WorkspaceFixture f;
+        f.install("org.example.Viewer", "Name=Viewer\n");
+        f.install("org.example.Editor", "Name=Editor\n");
+        f.window.setClass("editor", "Editor");
+        f.window.setText("_GTK_APPLICATION_ID", "org.example.Viewer", "UTF8_STRING");
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "org.example.Viewer");
+
+        f.window.setText("_KDE_NET_WM_DESKTOP_FILE", "org.example.Editor", "UTF8_STRING");
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "org.example.Editor");
+    }
+
+    TEST(X11WorkspaceTest, TheProgramFileIdentifiesAWindowWithAnUnknownClass)
+    {
+        WorkspaceFixture f;
+        const auto self = std::filesystem::read_symlink("/proc/self/exe");
+        std::ofstream(f.folder.path() / "self.desktop")
+            << "[Desktop Entry]\nType=Application\nName=Self\nExec=" << self.string() << '\n';
+        std::array<char, 256> machine {};
+        ASSERT_EQ(::gethostname(machine.data(), machine.size() - 1), 0);
+        f.window.setClass("x", "Unknown");
+        f.window.setNumbers("_NET_WM_PID", { static_cast<std::uint32_t>(::getpid()) });
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "Unknown"); // not said to run on this machine
+        f.window.setText("WM_CLIENT_MACHINE", machine.data());
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "self");
+    }
+
+    TEST(X11WorkspaceTest, WithoutAnEntryTheClassIsIdentifierAndName)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("gadget", "Gadget");
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application);
+        EXPECT_EQ(application->bundleIdentifier, "Gadget");
+        EXPECT_EQ(application->localizedName, "Gadget");
+    }
+
+    TEST(X11WorkspaceTest, WithoutAClassTheTitlesProgramIsTheName)
+    {
+        WorkspaceFixture f;
+        f.window.setText("_NET_WM_NAME", "a – letter — Büro", "UTF8_STRING");
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application);
+        EXPECT_EQ(application->bundleIdentifier, std::nullopt);
+        EXPECT_EQ(application->localizedName, "Büro");
+    }
+
+    TEST(X11WorkspaceTest, AWindowThatTellsNothingIsAnApplicationWithoutNames)
+    {
+        WorkspaceFixture f;
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application);
+        EXPECT_EQ(application->bundleIdentifier, std::nullopt);
+        EXPECT_EQ(application->localizedName, std::nullopt);
+        EXPECT_EQ(application->window, f.window.id());
+    }
+
+    TEST(X11WorkspaceTest, PasswordManagersAreKnownAsTheBuiltInListNamesThem)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("keepassxc", "KeePassXC");
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "org.keepassx.keepassxc");
+    }
+
+    TEST(X11WorkspaceTest, APasswordManagerUnderAnotherNameIsKnownByTheRest)
+    {
+        WorkspaceFixture f;
+        f.install("com.example.repackaged", "Name=K\nStartupWMClass=KeePassXC\n");
+        f.window.setClass("keepassxc", "KeePassXC");
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "org.keepassx.keepassxc");
+    }
+
+    TEST(X11WorkspaceTest, NothingIsInFrontWhenNothingIsActive)
+    {
+        WorkspaceFixture f;
+        ASSERT_TRUE(f.bringToFront(f.window));
+        f.window.destroy();
+
+        // Not every manager says so: some leave the number of the window that is gone.
+        EXPECT_TRUE(waitUntil([&] { return !f.workspace.frontmost(); }));
+    }
+
+    TEST(X11WorkspaceTest, AWindowOfOursIsNotTheApplicationInFront)
+    {
+        WorkspaceFixture f;
+        TestWindow own(f.toolkit);
+        own.setClass("korvane", "Korvane");
+        ASSERT_TRUE(f.bringToFront(own));
+
+        EXPECT_EQ(f.workspace.frontmost(), std::nullopt);
+    }
+
+    TEST(X11WorkspaceTest, AnActiveWindowThatHasVanishedIsNone)
+    {
+        WorkspaceFixture f;
+        ASSERT_TRUE(f.bringToFront(f.window));
+        const auto before = f.otherProgram.activeWindow();
+        const auto setActive = [&](xcb_window_t window) {
+            xcb_change_property(f.otherProgram.get(), XCB_PROP_MODE_REPLACE, f.otherProgram.root(),
+                f.otherProgram.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &window);
+            f.otherProgram.sync();
+        };
+
+        setActive(xcb_generate_id(f.otherProgram.get())); // of a window that does not exist
+        EXPECT_EQ(f.workspace.frontmost(), std::nullopt);
+        setActive(before);
+        EXPECT_NE(f.workspace.frontmost(), std::nullopt);
+    }
+
+    TEST(X11WorkspaceTest, IllFormedTextInPropertiesIsRepaired)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("x", "Caf\xE9"); // Latin-1, as the property's type has it
+        f.window.setText("_GTK_APPLICATION_ID", "\xFF\xFE", "UTF8_STRING");
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "Café");
+    }
+
+    TEST(X11WorkspaceTest, PropertiesOfTheWrongTypeSayNothing)
+    {
+        WorkspaceFixture f;
+        f.window.setNumbers("WM_CLASS", { 0x41414141, 0x42424242 });
+        f.window.setNumbers("_KDE_NET_WM_DESKTOP_FILE", { 1, 2, 3 });
+        f.window.setText("_NET_WM_PID", "four");
+        f.window.setNumbers("_NET_WM_NAME", { 7 });
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application);
+        EXPECT_EQ(application->bundleIdentifier, std::nullopt);
+        EXPECT_EQ(application->localizedName, std::nullopt);
+    }
+
+    TEST(X11WorkspaceTest, HugePropertiesAreCutOff)
+    {
+        WorkspaceFixture f;
+        f.window.setText("_NET_WM_NAME", std::string(200'000, 'n'), "UTF8_STRING");
+
+        const auto application = f.whenInFront();
+
+        ASSERT_TRUE(application && application->localizedName);
+        EXPECT_EQ(application->localizedName->size(), 1024U);
+    }
+
+    TEST(X11WorkspaceTest, AClassWithoutItsSecondPartIsNone)
+    {
+        WorkspaceFixture f;
+        f.window.setText("WM_CLASS", "alone");
+
+        EXPECT_EQ(f.whenInFront()->bundleIdentifier, std::nullopt);
+    }
+
+    TEST(X11WorkspaceTest, AnApplicationIsBroughtBackToTheFront)
+    {
+        WorkspaceFixture f;
+        const auto application = f.whenInFront();
+        TestWindow other(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(other));
+
+        f.workspace.activate(*application);
+
+        EXPECT_TRUE(waitUntil([&] { return f.window.isActive() && f.window.hasKeyboard(); }));
+    }
+
+    TEST(X11WorkspaceTest, AnApplicationComesBackFromAPanelThatTheManagerNeverSaw)
+    {
+        WorkspaceFixture f;
+        const auto application = f.whenInFront();
+        TestWindow panel(f.toolkit, TestWindow::Kind::overrideRedirect);
+        panel.map();
+        xcb_set_input_focus(f.toolkit.get(), XCB_INPUT_FOCUS_PARENT, panel.id(), XCB_CURRENT_TIME);
+        f.toolkit.sync();
+        ASSERT_TRUE(waitUntil([&] { return panel.hasKeyboard(); }));
+
+        panel.unmap();
+        f.workspace.activate(*application);
+
+        EXPECT_TRUE(waitUntil([&] { return f.window.isActive() && f.window.hasKeyboard(); }));
+    }
+
+    TEST(X11WorkspaceTest, ActivatingAWindowThatIsGoneDoesNothing)
+    {
+        WorkspaceFixture f;
+        const auto application = f.whenInFront();
+        f.window.destroy();
+        TestWindow other(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(other));
+
+        f.workspace.activate(*application);
+        f.deliverEvents();
+
+        EXPECT_TRUE(other.isActive());
+        EXPECT_TRUE(other.hasKeyboard());
+    }
+
+    TEST(X11WorkspaceTest, ATerminalIsKnownByItsEntryOrItsClass)
+    {
+        WorkspaceFixture f;
+        f.install("blackscreen", "Name=Black Screen\nCategories=System;TerminalEmulator;\n");
+        f.window.setClass("x", "Blackscreen");
+        ASSERT_TRUE(f.bringToFront(f.window));
+        EXPECT_TRUE(f.workspace.isTerminalInFront());
+
+        f.window.setClass("x", "URxvt");
+        EXPECT_TRUE(f.workspace.isTerminalInFront());
+
+        f.window.setClass("x", "Editor");
+        EXPECT_FALSE(f.workspace.isTerminalInFront());
+    }
+
+} // namespace
+} // namespace korvane
