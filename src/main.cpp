@@ -123,7 +123,7 @@ namespace {
             case Wish::hide:
                 return m_app.shell().hidePanel();
             case Wish::quit:
-                return QCoreApplication::quit();
+                return QCoreApplication::exit(EXIT_SUCCESS);
             }
         }
 
@@ -142,8 +142,8 @@ namespace {
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
-                [this] { m_loop.post([] { QCoreApplication::quit(); }); }, nullptr, nullptr,
-                nullptr };
+                [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, nullptr,
+                nullptr, nullptr };
         }
 
         PanelWindow::World panelWorld()

@@ -15,11 +15,11 @@ namespace korvane {
 
 namespace {
 
-    constexpr std::size_t blockSize = 256 * 1024;
+    constexpr std::size_t blockSize = 256UL * 1024;
     constexpr std::size_t longestEscape = 6; // "\u001F"
     // A piece of text that fits even when every byte must be escaped, so that the inner loop need
     // not look for the end of the block.
-    constexpr std::size_t pieceSize = 16 * 1024;
+    constexpr std::size_t pieceSize = 16UL * 1024;
 
     /// Of eight bytes at once, those that are a control character, a quote or a backslash: the lowest
     /// bit that is set stands in the first of them, as the bytes lie in memory.

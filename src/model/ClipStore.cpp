@@ -17,7 +17,7 @@ namespace {
     using namespace std::chrono_literals;
 
     // Keys of a loaded history are made in pieces of a few milliseconds, so that no key press waits.
-    constexpr std::size_t keyBytesAtOnce = 512 * 1024;
+    constexpr std::size_t keyBytesAtOnce = 512UL * 1024;
     constexpr std::int64_t bytesInKibibyte = 1024;
 
     void repair(std::optional<std::string>& text)
@@ -38,7 +38,7 @@ namespace {
 } // namespace
 
 ClipStore::ClipStore(
-    std::filesystem::path dataFolder, Preferences& preferences, MainLoop& loop, Log& log)
+    const std::filesystem::path& dataFolder, Preferences& preferences, MainLoop& loop, Log& log)
     : m_preferences(preferences)
     , m_loop(loop)
     , m_history(dataFolder / "clips.json")
@@ -61,11 +61,6 @@ ClipStore::ClipStore(
 }
 
 ClipStore::~ClipStore() = default;
-
-const std::vector<ClipItem>& ClipStore::clips() const
-{
-    return m_clips;
-}
 
 std::vector<const ClipItem*> ClipStore::filteredClips() const
 {
@@ -166,19 +161,6 @@ void ClipStore::clearUnpinned()
         clipsChanged();
 }
 
-int ClipStore::maxClips() const
-{
-    return m_limits.maxClips;
-}
-int ClipStore::maxClipSizeKB() const
-{
-    return m_limits.maxClipSizeKB;
-}
-int ClipStore::maxTotalSizeMB() const
-{
-    return m_limits.maxTotalSizeMB;
-}
-
 void ClipStore::setMaxClips(int count)
 {
     m_preferences.set(keys::maxClips, std::int64_t { count });
@@ -216,31 +198,6 @@ std::int64_t ClipStore::totalBytes() const
 std::string ClipStore::fullText(const ClipItem& clip) const
 {
     return m_overflow.fullText(clip);
-}
-
-const std::optional<ClipId>& ClipStore::lastUsedID() const
-{
-    return m_lastUsedID;
-}
-std::optional<TimePoint> ClipStore::lastUsedTimestamp() const
-{
-    return m_lastUsedTimestamp;
-}
-const std::filesystem::path& ClipStore::fileURL() const
-{
-    return m_history.path();
-}
-const std::filesystem::path& ClipStore::overflowDir() const
-{
-    return m_overflow.folder();
-}
-PanelState& ClipStore::panel()
-{
-    return m_panel;
-}
-const PanelState& ClipStore::panel() const
-{
-    return m_panel;
 }
 
 void ClipStore::save()

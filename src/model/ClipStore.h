@@ -29,13 +29,14 @@ public:
     /// Prepares the folders, reads the limits, loads the history. Nothing is evicted here: a
     /// history above the limits is trimmed by the next `add` or change of a limit.
     /// @param dataFolder  the folder of "clips.json" and "overflow"; made where it is missing
-    ClipStore(std::filesystem::path dataFolder, Preferences& preferences, MainLoop& loop, Log& log);
+    ClipStore(const std::filesystem::path& dataFolder, Preferences& preferences, MainLoop& loop,
+        Log& log);
     ~ClipStore();
     ClipStore(const ClipStore&) = delete;
     ClipStore& operator=(const ClipStore&) = delete;
 
     /// Newest first. Valid until the next operation that changes the list.
-    const std::vector<ClipItem>& clips() const;
+    const std::vector<ClipItem>& clips() const { return m_clips; }
     /// The clips that the panel shows: in its tab, and with its search text in their text, source
     /// application or own name. Computed at every call, in the order of the history. The pointers
     /// are valid until the next operation that changes the list.
@@ -58,9 +59,9 @@ public:
     /// Removes all but the pinned clips.
     void clearUnpinned();
 
-    int maxClips() const;
-    int maxClipSizeKB() const;
-    int maxTotalSizeMB() const;
+    int maxClips() const { return m_limits.maxClips; }
+    int maxClipSizeKB() const { return m_limits.maxClipSizeKB; }
+    int maxTotalSizeMB() const { return m_limits.maxTotalSizeMB; }
     void setMaxClips(int count);
     /// Holds for later clips only; no clip is converted.
     void setMaxClipSizeKB(int kilobytes);
@@ -76,15 +77,15 @@ public:
     std::string fullText(const ClipItem& clip) const;
 
     /// The clip last put back from the panel, and when.
-    const std::optional<ClipId>& lastUsedID() const;
-    std::optional<TimePoint> lastUsedTimestamp() const;
+    const std::optional<ClipId>& lastUsedID() const { return m_lastUsedID; }
+    std::optional<TimePoint> lastUsedTimestamp() const { return m_lastUsedTimestamp; }
 
     /// "clips.json".
-    const std::filesystem::path& fileURL() const;
-    const std::filesystem::path& overflowDir() const;
+    const std::filesystem::path& fileURL() const { return m_history.path(); }
+    const std::filesystem::path& overflowDir() const { return m_overflow.folder(); }
 
-    PanelState& panel();
-    const PanelState& panel() const;
+    PanelState& panel() { return m_panel; }
+    const PanelState& panel() const { return m_panel; }
 
     /// The list has changed and the file agrees with it; once for each operation.
     Signal<> clipsChanged;

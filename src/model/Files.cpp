@@ -32,7 +32,7 @@ namespace {
     }
 
     /// How much is written before the disk is told to begin.
-    constexpr std::int64_t stretch = 2 * 1024 * 1024;
+    constexpr std::int64_t stretch = 2L * 1024 * 1024;
 
     struct OpenFile {
         Descriptor descriptor;

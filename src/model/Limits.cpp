@@ -10,7 +10,7 @@ namespace korvane {
 namespace {
 
     constexpr std::int64_t kibibytesInMebibyte = 1024;
-    constexpr std::int64_t bytesInMebibyte = 1024 * 1024;
+    constexpr std::int64_t bytesInMebibyte = 1024L * 1024;
     constexpr std::int64_t largestCount = std::numeric_limits<std::int64_t>::max();
 
     int saturated(std::int64_t number)

@@ -72,7 +72,6 @@ void Instance::hear(std::list<Visitor>::iterator visitor)
     if (wish == Wish::quit) {
         m_door.stop();
         m_visitors.clear();
-        m_claim.stopListening();
     }
     wished(*wish); // the last thing: we may be gone after it
 }

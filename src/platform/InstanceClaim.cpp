@@ -7,6 +7,7 @@
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -104,15 +105,8 @@ InstanceClaim::InstanceClaim(Descriptor lock, Descriptor listener, fs::path sock
 
 InstanceClaim::~InstanceClaim()
 {
-    stopListening();
-}
-
-void InstanceClaim::stopListening()
-{
-    if (!m_listener.isOpen())
-        return; // moved from, or stopped already
-    ::unlink(m_socket.c_str());
-    m_listener = {};
+    if (m_listener.isOpen()) // else moved from
+        ::unlink(m_socket.c_str());
 }
 
 InstanceStart startInstance(const fs::path& folder, Wish wish, std::chrono::milliseconds patience)

@@ -23,8 +23,6 @@ public:
 
     /// The socket, listening and non-blocking.
     int listener() const { return m_listener.number(); }
-    /// Hears nobody any more, but stays the one: whoever asks now waits for the end and then starts.
-    void stopListening();
 
 private:
     Descriptor m_lock;

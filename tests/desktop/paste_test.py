@@ -133,5 +133,8 @@ class HeldModifierTest(DesktopTest):
     def test_shift_is_held_in_a_terminal(self):
         self.paste_holding("Shift_L", XTerm(self.desk))
 
+    def test_super_is_held_in_a_terminal(self):
+        self.paste_holding("Super_L", XTerm(self.desk))
+
     def test_control_is_held_in_a_terminal(self):
         self.paste_holding("Control_L", XTerm(self.desk))

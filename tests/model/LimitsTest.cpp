@@ -10,7 +10,7 @@
 namespace korvane {
 namespace {
 
-    constexpr std::int64_t mebibyte = 1024 * 1024;
+    constexpr std::int64_t mebibyte = 1024L * 1024;
 
     /// An overflow clip, which may weigh anything.
     ClipItem clipOf(std::int64_t bytes, bool isPinned = false)
@@ -40,6 +40,7 @@ namespace {
             clips.erase(lowest);
         }
         std::vector<std::int64_t> kept;
+        kept.reserve(clips.size());
         for (const auto& clip : clips)
             kept.push_back(clip.useCount);
         return kept;

@@ -290,6 +290,8 @@ namespace {
             silent.push_back(connectedTo(folder));
             first.loop.runReady();
         }
+        EXPECT_EQ(heardUntilClosed(silent.front()), std::nullopt); // it may still speak
+        EXPECT_EQ(heardUntilClosed(silent.back()), "");            // too many: sent away at once
         first.loop.advance(2s);
 
         EXPECT_EQ(first.another(folder.path(), Wish::show).outcome, Outcome::passed);
@@ -359,6 +361,17 @@ namespace {
         EXPECT_EQ(start.reason, "korvane: the running Korvane does not answer");
         EXPECT_GE(took, 1900ms);
         EXPECT_LT(took, 4s);
+    }
+
+    TEST(InstanceTest, AHungFirstIsNotReplacedEvenWhenItsLockFileIsLost)
+    {
+        const TempFolder folder;
+        const First hung(folder.path()); // its loop does not run
+        std::filesystem::remove(folder.path() / "korvane.lock");
+
+        const auto start = startInstance(folder.path(), Wish::show, 100ms);
+
+        EXPECT_EQ(start.outcome, Outcome::failed);
     }
 
     TEST(InstanceTest, WhatAKilledFirstLeavesBehindIsTakenOver)

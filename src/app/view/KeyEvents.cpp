@@ -26,7 +26,7 @@ namespace {
             { Qt::Key_Backspace, keycodes::backspace },
             { Qt::Key_Escape, keycodes::escape },
             { Qt::Key_F10, 109 },
-            { Qt::Key_Menu, 110 },
+            { Qt::Key_Menu, menuKey },
             { Qt::Key_Left, 123 },
             { Qt::Key_Right, 124 },
             { Qt::Key_Down, keycodes::downArrow },

@@ -16,6 +16,8 @@ namespace korvane {
 /// types a letter of another script.
 KeyPress keyPressFrom(const QKeyEvent& event);
 
+/// The key that asks for a context menu.
+inline constexpr KeyCode menuKey = 110;
 /// The code of a key that no rule goes by.
 inline constexpr KeyCode unnamedKey = 0xffff;
 

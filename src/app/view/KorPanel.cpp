@@ -4,6 +4,7 @@
 #include "panel/view/PanelStyle.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -24,6 +25,21 @@ namespace {
         path.addRoundedRect(rect, radius, radius);
         return path;
     }
+
+    /// The same as a region, which has whole pixels only: a row is as wide as the curve lets it be
+    /// at its middle.
+    QRegion roundedRegion(const QRect& rect, int radius)
+    {
+        QRegion region(rect.adjusted(0, radius, 0, -radius));
+        for (int row = 0; row < radius; ++row) {
+            const double up = radius - row - 0.5;
+            const auto inset
+                = static_cast<int>(std::lround(radius - std::sqrt(radius * radius - up * up)));
+            region += QRect(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1);
+            region += QRect(rect.left() + inset, rect.bottom() - row, rect.width() - 2 * inset, 1);
+        }
+        return region;
+    }
 } // namespace
 
 KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame)
@@ -32,7 +48,6 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame)
     , m_tellFrame(std::move(tellFrame))
 {
     setWindowTitle(QStringLiteral("Korvane"));
-    setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.
     setAttribute(Qt::WA_TranslucentBackground);
@@ -40,6 +55,7 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame)
     setAttribute(Qt::WA_QuitOnClose, false);
     setGeometry(0, 0, metrics::panelWidth, initialHeight);
     create();
+    setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu); // lost on a window that is not there yet
     windowHandle()->installEventFilter(this);
     m_compositedChanged
         = isComposited.observe([this](bool composited) { setComposited(composited); });
@@ -59,6 +75,11 @@ bool KorPanel::eventFilter(QObject* watched, QEvent* event)
         return false;
     if (event->type() == QEvent::KeyPress)
         return m_handleKey && m_handleKey(keyPressFrom(static_cast<QKeyEvent&>(*event)));
+    // The menu key comes as a wish for a menu before it comes as a key, and the toolkit would lead
+    // that to the search field.
+    if (event->type() == QEvent::ContextMenu
+        && static_cast<QContextMenuEvent&>(*event).reason() == QContextMenuEvent::Keyboard)
+        return m_handleKey && m_handleKey({ .keyCode = menuKey, .modifiers = 0, .characters = {} });
     const bool isReached
         = event->type() == QEvent::Enter || event->type() == QEvent::MouseButtonPress;
     if (isReached && isVisible() && m_keyboardWanted)
@@ -134,7 +155,7 @@ void KorPanel::shape()
     if (m_isComposited)
         clearMask();
     else
-        setMask(QRegion(rounded(rect(), metrics::panelRadius).toFillPolygon().toPolygon()));
+        setMask(roundedRegion(rect(), metrics::panelRadius));
 }
 
 void KorPanel::tellFrame()

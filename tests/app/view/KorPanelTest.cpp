@@ -97,6 +97,19 @@ namespace {
         EXPECT_NE(chosen, nullptr);
     }
 
+    TEST(KorPanelTest, AWishForAMenuByTheKeyboardIsAKeyOfThePanelToo)
+    {
+        WindowFixture f;
+        f.isConsumed = true;
+
+        QContextMenuEvent wish(QContextMenuEvent::Keyboard, { 5, 5 }, { 205, 105 });
+        QApplication::sendEvent(f.window.windowHandle(), &wish);
+
+        ASSERT_EQ(f.presses.size(), 1U);
+        EXPECT_EQ(f.presses.front().keyCode, 110U);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
+
     TEST(KorPanelTest, ItStandsOutsideTheWindowManagersReachAboveAllOthers)
     {
         WindowFixture f;
@@ -140,6 +153,10 @@ namespace {
         EXPECT_FALSE(f.window.mask().contains(QPoint(0, 0)));
         EXPECT_FALSE(f.window.mask().contains(QPoint(359, 299)));
         EXPECT_TRUE(f.window.mask().contains(QPoint(12, 0)));
+        EXPECT_TRUE(f.window.mask().contains(QPoint(4, 4)));
+        EXPECT_FALSE(f.window.mask().contains(QPoint(3, 3)));
+        EXPECT_FALSE(f.window.mask().contains(QPoint(356, 296)));
+        EXPECT_TRUE(f.window.mask().contains(QPoint(355, 295)));
         EXPECT_TRUE(f.window.mask().contains(QPoint(0, 150)));
     }
 

@@ -108,17 +108,21 @@ class Screen:
         """Asks the window manager, as a task bar does, and waits until it has done so. It is asked
         again where a program that is only just starting has taken the front for itself meanwhile."""
         def asked():
-            # The time keeps a program that is slow to answer from taking the keyboard later on.
-            data = (32, [2, self.server_time(), 0, 0, 0])
+            now = self.server_time()
+            data = (32, [2, now, 0, 0, 0])
             message = event.ClientMessage(window=window, client_type=self.atom("_NET_ACTIVE_WINDOW"), data=data)
             self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
             self.display.flush()
             try:
-                return wait_for("it is in front", lambda: self.is_in_front(window), 1)
+                wait_for("it is in front", lambda: self.is_in_front(window), 1)
             except NotObserved:
                 return False
+            # A program takes the keyboard once more when it hears of this, with the time given here: it
+            # is too late for that once the server has counted on and somebody else has taken it.
+            return wait_for("the server's time goes on", lambda: self.server_time() > now + 1)
 
-        wait_for(lambda: f"{self.title(window)!r} is in front", asked)
+        if not self.is_in_front(window):
+            wait_for(lambda: f"{self.title(window)!r} is in front", asked)
 
     def is_in_front(self, window):
         return self.active() == window.id and self.has_keyboard(window)

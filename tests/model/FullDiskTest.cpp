@@ -1,0 +1,99 @@
+#include "model/ClipStore.h"
+
+#include "support/SmallDisk.h"
+#include "support/StoreFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace korvane {
+namespace {
+
+    namespace fs = std::filesystem;
+    using test::StoreFixture;
+
+    /// A store on a disk that holds little more than one clip of this size.
+    constexpr std::size_t largeClip = 60'000;
+    constexpr std::size_t diskSize = 2 * largeClip;
+
+    struct SmallDiskStore : StoreFixture {
+        SmallDiskStore()
+        {
+            // A save needs room for the old history and the new one.
+            isSmall = test::mountSmallDisk(folder(), diskSize) || test::limitFiles(largeClip);
+            open();
+        }
+        bool fillUp()
+        {
+            add("before");
+            saved = fileBytes();
+            add(std::string(largeClip, 'x'));
+            return isSmall && store->clips().size() == 2;
+        }
+        std::size_t filesBeside() const
+        {
+            return static_cast<std::size_t>(
+                std::distance(fs::directory_iterator(folder()), fs::directory_iterator()));
+        }
+
+        bool isSmall = false;
+        std::string saved;
+    };
+
+    /// The clip fits beside the short history, but then the next save finds no room for both.
+    bool theOldHistoryStands()
+    {
+        SmallDiskStore f;
+        bool isRight = f.fillUp();
+        const auto full = f.fileBytes();
+        f.add(std::string(largeClip, 'y'));
+        // In memory nothing is lost; on the disk is one of the histories that were saved.
+        isRight = isRight && f.store->clips().size() == 3;
+        isRight = isRight && (f.fileBytes() == full || f.fileBytes() == f.saved);
+        return isRight && f.filesBeside() == 2 && f.log.lines.empty();
+    }
+
+    bool theNextSaveWithRoomHoldsAll()
+    {
+        SmallDiskStore f;
+        bool isRight = f.fillUp();
+        f.add(std::string(largeClip, 'y'));
+        const auto tooMuch = f.store->clips()[1];
+        f.store->deleteClip(ClipItem(f.store->clips()[0]));
+        f.store->deleteClip(tooMuch);
+        f.add("after");
+        isRight = isRight
+            && StoreFixture::textsOf(f.open()) == std::vector<std::string> { "after", "before" };
+        return isRight;
+    }
+
+    bool aLargeClipIsDroppedWithOneLine()
+    {
+        SmallDiskStore f;
+        f.add("before");
+        const auto saved = f.fileBytes();
+        const auto id = f.add(std::string(3 * diskSize, 'z'));
+        const auto& lines = f.log.lines;
+        return f.isSmall && f.store->clips().size() == 1 && f.fileBytes() == saved
+            && fs::is_empty(f.store->overflowDir()) && lines.size() == 1
+            && lines[0].starts_with("Korvane: overflow write failed for clip " + id.text() + ": ");
+    }
+
+    TEST(FullDiskTest, AFullDiskLeavesTheOldHistoryAndTheListInMemory)
+    {
+        EXPECT_TRUE(test::holdsInChild(theOldHistoryStands));
+    }
+
+    TEST(FullDiskTest, WhenThereIsRoomAgainTheNextChangeSavesAll)
+    {
+        EXPECT_TRUE(test::holdsInChild(theNextSaveWithRoomHoldsAll));
+    }
+
+    TEST(FullDiskTest, ALargeClipThatFindsNoRoomIsLoggedAndDroppedWithItsFile)
+    {
+        EXPECT_TRUE(test::holdsInChild(aLargeClipIsDroppedWithOneLine));
+    }
+
+} // namespace
+} // namespace korvane
