@@ -56,8 +56,8 @@ namespace {
     };
 
     struct PortalFixture {
-        explicit PortalFixture(uint scheme)
-            : portal(bus.connection("portal"), scheme)
+        explicit PortalFixture(uint preferred)
+            : portal(bus.connection("portal"), preferred)
         {
         }
 
