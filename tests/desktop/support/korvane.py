@@ -74,7 +74,9 @@ class Korvane:
     def panel(self, viewable=False):
         """The panel's window; None while there is none."""
         found = self.desk.screen.find("korvane", title="Korvane", depth=1, viewable=viewable)
-        return found[0] if found else None
+        # An icon that the tray has not taken in yet has the same title, and a few pixels.
+        wide = [window for window in found if self.desk.screen.box(window).width >= 300]
+        return wide[0] if wide else None
 
     def is_open(self):
         return self.panel(viewable=True) is not None
