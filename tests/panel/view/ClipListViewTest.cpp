@@ -31,26 +31,6 @@ namespace {
         ClipListView list { store, controller, loop, symbols, {}, [] {}, nullptr };
     };
 
-    TEST(ClipListViewTest, ARowIs48HighAndTwoPointsFromTheNext)
-    {
-        ListFixture f(3);
-
-        EXPECT_EQ(f.list.rowRect(0), QRectF(6, 4, 348, 48));
-        EXPECT_EQ(f.list.rowRect(1), QRectF(6, 54, 348, 48));
-        EXPECT_EQ(f.list.contentHeight(), 3 * 50 - 2 + 8);
-    }
-
-    TEST(ClipListViewTest, BetweenTwoRowsThereIsNone)
-    {
-        ListFixture f(3);
-
-        EXPECT_EQ(f.list.rowAt({ 100, 51 }), 0U);
-        EXPECT_EQ(f.list.rowAt({ 100, 52.5 }), std::nullopt);
-        EXPECT_EQ(f.list.rowAt({ 100, 54.5 }), 1U);
-        EXPECT_EQ(f.list.rowAt({ 100, 160 }), std::nullopt);
-        EXPECT_EQ(f.list.rowAt({ 3, 20 }), std::nullopt);
-    }
-
     TEST(ClipListViewTest, AClickChoosesTheClipUnderThePointer)
     {
         ListFixture f(5);
