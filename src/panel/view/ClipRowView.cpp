@@ -1,6 +1,7 @@
 #include "panel/view/ClipRowView.h"
 
 #include "panel/PanelTexts.h"
+#include "panel/view/ElidedText.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/Symbols.h"
 
@@ -68,7 +69,7 @@ namespace {
         needed -= metaGap;
         if (needed > line.width() && !texts.empty()) {
             const double room = font.horizontalAdvance(texts.front()) - (needed - line.width());
-            texts.front() = font.elidedText(texts.front(), Qt::ElideRight, std::max(room, 0.0));
+            texts.front() = elidedText(texts.front(), font, std::max(room, 0.0));
         }
         double x = line.left();
         for (const auto& text : texts) {
@@ -175,8 +176,8 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
         painter.setFont(panelFont(titleSize));
         painter.setPen(colours.text);
         const auto text = fromUtf8(paneltexts::rowTitle(shown.clip));
-        painter.drawText(title, oneLine,
-            QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, title.width()));
+        painter.drawText(
+            title, oneLine, elidedText(text, QFontMetricsF(painter.font()), title.width()));
     }
     painter.setFont(panelFont(metaSize));
     painter.setPen(standingBack(colours, shown));

@@ -55,34 +55,73 @@ X11Workspace::X11Workspace(X11Connection& connection, DesktopEntries& entries,
     : m_connection(connection)
     , m_entries(entries)
     , m_isOwnWindow(std::move(isOwnWindow))
+    , m_activeWindow(connection.atom("_NET_ACTIVE_WINDOW"))
 {
+    watch();
+    activeWindowChanged();
 }
 
-std::optional<xcb_window_t> X11Workspace::activeWindow()
+void X11Workspace::watch()
 {
-    const auto window = readNumber(m_connection, m_connection.root(),
-        m_connection.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
-    return window == XCB_NONE || m_isOwnWindow(window) ? std::nullopt : std::optional(window);
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(
+        m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &events);
+    m_connection.flush();
+    m_events.push_back(m_connection.onEvent(XCB_PROPERTY_NOTIFY, [this](const auto& event) {
+        const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        if (changed.window == m_connection.root() && changed.atom == m_activeWindow)
+            activeWindowChanged();
+    }));
+    // Not every manager says that nothing is active: some leave the number of a window that is gone.
+    m_events.push_back(m_connection.onEvent(XCB_DESTROY_NOTIFY, [this](const auto& event) {
+        const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        if (m_front && gone.window == m_front->window)
+            m_front.reset();
+    }));
+}
+
+void X11Workspace::activeWindowChanged()
+{
+    m_front.reset();
+    const auto window
+        = readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW);
+    if (window == XCB_NONE || m_isOwnWindow(window))
+        return;
+    // Asked for before its properties are read, so that its end cannot fall in between.
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+    if (auto hints = readWindowHints(m_connection, window))
+        m_front = Front { window, std::move(*hints) };
+}
+
+const X11Workspace::Front* X11Workspace::front()
+{
+    if (!m_front)
+        return nullptr;
+    // Its properties may have been set late. Where the window is gone, of which we have not been told
+    // yet, it is known by what it was.
+    if (auto hints = readWindowHints(m_connection, m_front->window))
+        m_front->hints = std::move(*hints);
+    return &*m_front;
 }
 
 std::optional<RunningApplication> X11Workspace::frontmost()
 {
-    const auto window = activeWindow();
-    const auto hints = window ? readWindowHints(m_connection, *window) : std::nullopt;
-    if (!hints)
+    const auto* inFront = front();
+    if (inFront == nullptr)
         return std::nullopt;
 
-    const auto& program = hints->program;
+    const auto& program = inFront->hints.program;
     const auto entry = m_entries.find(program);
     RunningApplication application;
-    application.window = *window;
+    application.window = inFront->window;
     if (const auto known = passwordManager(program, entry))
         application.bundleIdentifier = *known;
     else
         application.bundleIdentifier = unlessEmpty(entry ? entry->id : program.windowClass);
     application.localizedName = unlessEmpty(entry ? entry->name : program.windowClass);
     if (!application.localizedName)
-        application.localizedName = unlessEmpty(programInTitle(hints->title));
+        application.localizedName = unlessEmpty(programInTitle(inFront->hints.title));
     return application;
 }
 
@@ -98,7 +137,7 @@ void X11Workspace::activate(const RunningApplication& application)
     wish.response_type = XCB_CLIENT_MESSAGE;
     wish.format = 32;
     wish.window = window;
-    wish.type = m_connection.atom("_NET_ACTIVE_WINDOW");
+    wish.type = m_activeWindow;
     wish.data.data32[0] = 2; // the user's own wish, as from a pager: no manager refuses it
     wish.data.data32[1] = XCB_CURRENT_TIME;
     xcb_send_event(m_connection.get(), 0, m_connection.root(),
@@ -113,13 +152,13 @@ void X11Workspace::activate(const RunningApplication& application)
 
 bool X11Workspace::isTerminalInFront()
 {
-    const auto window = activeWindow();
-    const auto hints = window ? readWindowHints(m_connection, *window) : std::nullopt;
-    if (!hints)
+    const auto* inFront = front();
+    if (inFront == nullptr)
         return false;
-    const auto entry = m_entries.find(hints->program);
+    const auto& program = inFront->hints.program;
+    const auto entry = m_entries.find(program);
     return (entry && entry->isTerminal)
-        || std::ranges::find(terminalClasses, hints->program.windowClass) != terminalClasses.end();
+        || std::ranges::find(terminalClasses, program.windowClass) != terminalClasses.end();
 }
 
 } // namespace korvane

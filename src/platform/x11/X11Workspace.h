@@ -1,12 +1,14 @@
 #pragma once
 
 #include "capture/Workspace.h"
+#include "model/Signal.h"
 #include "platform/x11/WindowHints.h"
 
 #include <xcb/xcb.h>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace korvane {
 
@@ -15,6 +17,9 @@ class X11Connection;
 
 /// The applications on the desktop, as the window manager and the windows' own properties tell
 /// (Extended Window Manager Hints).
+///
+/// What is in front is followed event by event: of two things that have happened while the loop was
+/// busy, a copy and then a change of windows, the copy is judged by the window that it was made in.
 class X11Workspace : public Workspace {
 public:
     /// @param isOwnWindow  is it a window of this program? What is in front is never ourselves.
@@ -28,11 +33,22 @@ public:
     bool isTerminalInFront();
 
 private:
-    std::optional<xcb_window_t> activeWindow();
+    struct Front {
+        xcb_window_t window;
+        WindowHints hints;
+    };
+
+    void watch();
+    void activeWindowChanged();
+    /// What is in front as far as the events have been delivered; none: nothing, or we are.
+    const Front* front();
 
     X11Connection& m_connection;
     DesktopEntries& m_entries;
     std::function<bool(xcb_window_t)> m_isOwnWindow;
+    xcb_atom_t m_activeWindow;
+    std::optional<Front> m_front;
+    std::vector<Connection> m_events;
 };
 
 } // namespace korvane

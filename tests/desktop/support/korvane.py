@@ -94,6 +94,8 @@ class Korvane:
 
     def open(self):
         """Opens the panel by the shortcut; where it is."""
+        # A panel that is still closing would be taken for the one that opens.
+        self.wait_until_closed()
         self.desk.keys.press("Control_L", "space")
         return self.wait_until_open()
 

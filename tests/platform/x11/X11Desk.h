@@ -47,11 +47,13 @@ struct X11Desk {
         waitUntil([&] { return hasArrived; });
     }
 
-    /// Puts the window on the screen and waits until it has the keyboard.
-    static bool bringToFront(TestWindow& window)
+    /// Puts the window on the screen and waits until it has the keyboard, and we have been told.
+    bool bringToFront(TestWindow& window)
     {
         window.map();
-        return waitUntil([&] { return window.isActive() && window.hasKeyboard(); });
+        const bool isInFront = waitUntil([&] { return window.isActive() && window.hasKeyboard(); });
+        deliverEvents();
+        return isInFront;
     }
 };
 

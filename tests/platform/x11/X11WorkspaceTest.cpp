@@ -37,10 +37,20 @@ namespace {
                 << "[Desktop Entry]\nType=Application\nExec=true\n"
                 << lines;
         }
+        /// Says what is active, as a window manager does.
+        void setActive(xcb_window_t active)
+        {
+            xcb_change_property(otherProgram.get(), XCB_PROP_MODE_REPLACE, otherProgram.root(),
+                otherProgram.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &active);
+            otherProgram.sync();
+        }
         /// What is in front when the window is.
         std::optional<RunningApplication> whenInFront()
         {
             EXPECT_TRUE(bringToFront(window));
+            // The server gives numbers of windows that have gone to new ones: a manager that has not
+            // heard yet of the end of an earlier test's window seems to have told of ours.
+            waitUntil([&] { return workspace.frontmost().has_value(); });
             return workspace.frontmost();
         }
     };
@@ -167,16 +177,60 @@ namespace {
         WorkspaceFixture f;
         ASSERT_TRUE(f.bringToFront(f.window));
         const auto before = f.otherProgram.activeWindow();
-        const auto setActive = [&](xcb_window_t window) {
-            xcb_change_property(f.otherProgram.get(), XCB_PROP_MODE_REPLACE, f.otherProgram.root(),
-                f.otherProgram.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &window);
-            f.otherProgram.sync();
-        };
 
-        setActive(xcb_generate_id(f.otherProgram.get())); // of a window that does not exist
+        f.setActive(xcb_generate_id(f.otherProgram.get())); // of a window that does not exist
+        f.deliverEvents();
         EXPECT_EQ(f.workspace.frontmost(), std::nullopt);
-        setActive(before);
+        f.setActive(before);
+        f.deliverEvents();
         EXPECT_NE(f.workspace.frontmost(), std::nullopt);
+    }
+
+    TEST(X11WorkspaceTest, WhatIsInFrontIsFollowedInTheOrderOfTheEvents)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("first", "First");
+        TestWindow second(f.otherProgram);
+        second.setClass("second", "Second");
+        ASSERT_TRUE(f.bringToFront(second));
+        ASSERT_TRUE(f.bringToFront(f.window));
+        f.deliverEvents();
+
+        std::optional<std::string> atTheCopy;
+        const auto copied = f.connection.onEvent(XCB_CLIENT_MESSAGE,
+            [&](const auto&) { atTheCopy = f.workspace.frontmost()->bundleIdentifier; });
+        // Both lie in the queue when the loop comes to look: something that the first window did,
+        // and after it the change to the second.
+        xcb_client_message_event_t message {};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        const auto receiver = xcb_generate_id(f.connection.get());
+        xcb_create_window(f.connection.get(), XCB_COPY_FROM_PARENT, receiver, f.connection.root(),
+            0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_send_event(f.connection.get(), 0, receiver, XCB_EVENT_MASK_NO_EVENT,
+            reinterpret_cast<const char*>(&message));
+        f.connection.succeeded(xcb_no_operation_checked(f.connection.get()));
+        f.setActive(second.id());
+        waitUntil([&] { return atTheCopy.has_value(); });
+
+        EXPECT_EQ(atTheCopy, "First");
+        f.deliverEvents();
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "Second");
+    }
+
+    TEST(X11WorkspaceTest, AWindowThatHasJustGoneIsKnownByWhatItWas)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("keepassxc", "KeePassXC");
+        ASSERT_TRUE(f.bringToFront(f.window));
+        f.deliverEvents();
+
+        f.window.destroy(); // of which nothing has been delivered
+        f.otherProgram.sync();
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "org.keepassx.keepassxc");
+
+        f.deliverEvents();
+        EXPECT_EQ(f.workspace.frontmost(), std::nullopt);
     }
 
     TEST(X11WorkspaceTest, IllFormedTextInPropertiesIsRepaired)
