@@ -1,6 +1,7 @@
 // One running Korvane: introduces the platform to the application.
 
 #include "app/AppDelegate.h"
+#include "app/view/AlertBoxes.h"
 #include "app/view/ApplicationTheme.h"
 #include "app/view/PanelWindow.h"
 #include "app/view/TrayItem.h"
@@ -138,7 +139,7 @@ namespace {
         {
             return { m_loop, m_log, m_preferences, m_platform.pasteboard(), m_platform.workspace(),
                 m_platform.hotkeyGrabber(), m_platform.keyboard(), m_desktop, m_sounds, m_tray,
-                m_screens, m_platform.outsideClicks(), m_theme,
+                m_screens, m_platform.outsideClicks(), m_theme, m_alerts,
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
@@ -166,6 +167,7 @@ namespace {
         CanberraSoundPlayer m_sounds;
         PortalColorScheme m_colourScheme;
         ApplicationTheme m_theme;
+        AlertBoxes m_alerts;
         TrayItem m_tray;
         TrayScreens m_screens;
         AppDelegate m_app;
@@ -182,13 +184,20 @@ namespace {
             return EXIT_FAILURE;
         }
         ::setenv("QT_QPA_PLATFORM", "xcb", 1);
-        QCoreApplication::setApplicationName("korvane");
+        // The class of the windows; their instance is the name of the program file.
+        QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
         QGuiApplication::setApplicationDisplayName("Korvane");
         QGuiApplication::setDesktopFileName(folderName);
         QGuiApplication::setQuitOnLastWindowClosed(false);
         const QApplication application(argc, argv);
 
+        const auto dataFolder = folders.dataHome / folderName;
+        const auto history = claimFolder(dataFolder);
+        if (!history) {
+            say(stderr, "korvane: another Korvane uses the history in " + dataFolder.string());
+            return EXIT_FAILURE;
+        }
         Program program(folders, std::move(claim));
         if (!program.launch()) {
             say(stderr,

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include "app/AlertTexts.h"
 #include "app/Windows.h"
 #include "capture/Pasteboard.h"
 #include "hotkey/Keyboard.h"
@@ -67,6 +68,9 @@ bool AppDelegate::launch()
     // A shortcut that is taken is no reason not to run: the status item and a second start of the
     // program open the panel as well.
     static_cast<void>(m_hotkeys.registerShortcut(shortcut->keyCode, shortcut->modifiers));
+
+    m_connections.push_back(m_hotkeys.refused.connect(
+        [this] { m_ports.alerts.warn(alerttexts::shortcutUnavailable); }));
 
     connectPreferences();
     connectPanel();
@@ -144,7 +148,11 @@ void AppDelegate::selectWhatIsOnTheClipboard()
     const auto selected = state.selectedClipID.value();
     m_ports.pasteboard.read([this, opening, selected, alive = std::weak_ptr(m_isAlive)](
                                 std::optional<Pasteboard::Contents> contents) {
-        if (alive.expired() || !contents || contents->isSecret || !contents->text)
+        if (alive.expired() || !contents)
+            return;
+        if (contents->isSecret)
+            m_monitor.refusePresentContents();
+        if (!contents->text)
             return;
         const auto& now = m_store.panel();
         if (now.panelOpenCount.value() == opening && now.selectedClipID.value() == selected

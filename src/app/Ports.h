@@ -5,6 +5,7 @@
 
 namespace korvane {
 
+class Alerts;
 class Appearance;
 class ClipStore;
 class Desktop;
@@ -37,6 +38,7 @@ struct Ports {
     Screens& screens;
     OutsideClicks& outsideClicks;
     Appearance& appearance;
+    Alerts& alerts;
     /// Builds the panel's window over the store, driven by the controller.
     std::function<std::unique_ptr<PlacedWindow>(ClipStore&, PanelController&)> makePanel;
     /// Ends the program, on the next turn of the loop.

@@ -60,6 +60,22 @@ public:
     Signal<> clicked;
 };
 
+/// Something that the user must see, with one button under it.
+struct Alert {
+    std::string_view message;
+    std::string_view informativeText;
+    std::string_view button;
+};
+
+/// Shows alerts. The program goes on meanwhile: copies are captured and the shortcut works.
+class Alerts {
+public:
+    virtual ~Alerts() = default;
+
+    /// Shows a warning until the user dismisses it. One that is shown already is not shown twice.
+    virtual void warn(const Alert& alert) = 0;
+};
+
 /// The colours of all our windows.
 class Appearance {
 public:

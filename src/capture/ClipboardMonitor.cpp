@@ -51,7 +51,8 @@ void ClipboardMonitor::checkPasteboard()
 bool ClipboardMonitor::mayBeRead() const
 {
     const auto count = m_pasteboard.changeCount();
-    return !m_isPrivateModeEnabled && count == m_lastChangeCount && count != m_refusedChangeCount;
+    return !m_isPrivateModeEnabled && count == m_lastChangeCount && count != m_refusedChangeCount
+        && !isRefused(m_workspace.frontmost());
 }
 
 void ClipboardMonitor::setPrivateModeEnabled(bool isEnabled)
@@ -66,7 +67,7 @@ void ClipboardMonitor::absorbOwnWrite(std::optional<std::string> text)
     m_lastChangeCount = m_pasteboard.changeCount();
     if (!text)
         return;
-    m_lastOwnText = std::move(text);
+    m_lastOwnText = repairedUtf8(std::move(*text)); // as it will be read
     ++m_ownWrites;
 }
 
@@ -94,11 +95,13 @@ void ClipboardMonitor::readContents(std::optional<RunningApplication> applicatio
     copy.ownWritesBefore = m_ownWrites;
     copy.changeCount = m_lastChangeCount;
     m_copies.push_back(std::move(copy));
-    m_pasteboard.read([this, number, alive = std::weak_ptr(m_isAlive)](
-                          std::optional<Pasteboard::Contents> contents) {
-        if (!alive.expired())
-            contentsCame(number, std::move(contents));
-    });
+    m_pasteboard.read(
+        [this, number, alive = std::weak_ptr(m_isAlive)](
+            std::optional<Pasteboard::Contents> contents) {
+            if (!alive.expired())
+                contentsCame(number, std::move(contents));
+        },
+        [](std::string_view uriList) { return !filePathsFrom(uriList).empty(); });
 }
 
 void ClipboardMonitor::contentsCame(
@@ -137,8 +140,10 @@ void ClipboardMonitor::capture(Copy& copy)
         copy.files.clear();
         return;
     }
-    if (auto contents = std::exchange(copy.contents, std::nullopt);
-        contents && !contents->isSecret) {
+    auto contents = std::exchange(copy.contents, std::nullopt);
+    if (contents && contents->isSecret) {
+        m_refusedChangeCount = copy.changeCount;
+    } else if (contents) {
         if (contents->uriList)
             copy.files = filePathsFrom(*contents->uriList);
         if (copy.files.empty() && contents->text)
@@ -204,6 +209,7 @@ void ClipboardMonitor::privateModeWasSet(bool hasChanged)
         // A copy that is still being read is no longer wanted: better lost than kept.
         m_firstCopy += static_cast<std::int64_t>(m_copies.size());
         m_copies.clear();
+        m_pasteboard.abandonReads();
     } else {
         m_pasteboard.synchronise(); // of a private copy we may not have heard yet
         m_lastChangeCount = m_pasteboard.changeCount();

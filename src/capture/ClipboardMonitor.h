@@ -54,8 +54,11 @@ public:
     const std::optional<std::string>& lastOwnText() const { return m_lastOwnText; }
 
     /// Whether what is on the pasteboard now may be looked at, for showing which clip it is: not
-    /// when it was refused, and not when it is newer than the last look.
+    /// when it was refused, not when it is newer than the last look, and not while an application
+    /// is in front from which nothing would be captured.
     bool mayBeRead() const;
+    /// What is on the pasteboard now has turned out to be a secret.
+    void refusePresentContents() { m_refusedChangeCount = m_pasteboard.changeCount(); }
 
     /// The change count of the copy that the latest clip was made of. While `onNewClip` is called,
     /// the pasteboard may have changed again since then.

@@ -74,19 +74,27 @@ void HotkeyManager::saveShortcut(const Shortcut& shortcut)
 
 bool HotkeyManager::changeShortcut(const Shortcut& shortcut)
 {
-    if (!registerShortcut(shortcut.keyCode, shortcut.modifiers)) {
-        // Nothing more can be done when the old one has been taken meanwhile.
-        if (const auto stored = loadShortcut())
-            static_cast<void>(registerShortcut(stored->keyCode, stored->modifiers));
-        return false;
-    }
-    saveShortcut(shortcut);
-    return true;
+    const bool isAccepted = registerAndSave(shortcut);
+    if (!isAccepted)
+        refused();
+    return isAccepted;
 }
 
 bool HotkeyManager::restoreDefaultShortcut()
 {
-    return changeShortcut({});
+    return registerAndSave({});
+}
+
+bool HotkeyManager::registerAndSave(const Shortcut& shortcut)
+{
+    if (!registerShortcut(shortcut.keyCode, shortcut.modifiers)) {
+        // Nothing more can be done when the old one has been taken meanwhile.
+        if (m_stored)
+            static_cast<void>(registerShortcut(m_stored->keyCode, m_stored->modifiers));
+        return false;
+    }
+    saveShortcut(shortcut);
+    return true;
 }
 
 void HotkeyManager::pressed()
@@ -108,15 +116,21 @@ void HotkeyManager::preferencesChanged()
         return;
     const auto before = m_stored;
     const auto now = loadShortcut();
-    if (!now || !m_isStarted || isSameChord(before, *now)) {
-        if (now)
-            m_stored = now;
+    if (!now || isSameChord(m_refused, *now))
+        return;
+    m_refused.reset();
+    if (!m_isStarted || isSameChord(before, *now)) {
+        m_stored = now;
         return;
     }
-    if (registerShortcut(now->keyCode, now->modifiers))
+    if (registerShortcut(now->keyCode, now->modifiers)) {
         m_stored = now;
-    else if (before)
+        return;
+    }
+    if (before)
         static_cast<void>(registerShortcut(before->keyCode, before->modifiers));
+    m_refused = now;
+    refused();
 }
 
 } // namespace korvane

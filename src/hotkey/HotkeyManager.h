@@ -35,14 +35,19 @@ public:
     std::optional<Shortcut> loadShortcut() const;
     void saveShortcut(const Shortcut& shortcut);
 
-    /// Registers and stores another shortcut. False: it is taken; then the stored one is held again
-    /// and nothing is stored.
+    /// Registers and stores another shortcut. False: it is taken; then the stored one is held again,
+    /// nothing is stored, and `refused` is told.
     bool changeShortcut(const Shortcut& shortcut);
     /// Registers and stores Control-Space. False: it is taken; then the stored one is held again
-    /// and nothing is stored.
+    /// and nothing is stored. Nobody is told, deliberately.
     bool restoreDefaultShortcut();
 
+    /// Another shortcut was asked for, here or by a change of the preferences from outside, and it is
+    /// taken. The one before is held again.
+    Signal<> refused;
+
 private:
+    bool registerAndSave(const Shortcut& shortcut);
     void pressed();
     void preferencesChanged();
 
@@ -51,6 +56,8 @@ private:
     MainLoop& m_loop;
     /// The stored shortcut as last seen; what the preferences hold now may be newer.
     std::optional<Shortcut> m_stored;
+    /// One from outside that was refused, which is not tried again at every other change.
+    std::optional<Shortcut> m_refused;
     bool m_isStarted = false;
     bool m_isSaving = false;
     /// Shared with the posted calls of `onHotkey`, which come to nothing when we have gone.

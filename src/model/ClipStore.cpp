@@ -119,10 +119,8 @@ void ClipStore::rename(const ClipId& id, std::string_view name)
     if (index == m_clips.size())
         return;
     auto repaired = repairedUtf8(std::string(name));
-    const auto customName = repaired.empty() ? std::nullopt : std::optional(std::move(repaired));
-    if (m_clips[index].customName == customName)
-        return;
-    m_clips[index].customName = customName;
+    m_clips[index].customName
+        = repaired.empty() ? std::nullopt : std::optional(std::move(repaired));
     m_keys.update(index, m_clips[index]);
     saveAndTell();
 }
@@ -132,10 +130,10 @@ void ClipStore::deleteClip(const ClipItem& clip)
     const auto id = clip.id; // the clip may be one of ours, and soon be gone
     if (clip.isOverflow)
         m_goneWithFiles.push_back(clip);
-    if (removeWhere([&](std::size_t i) { return m_clips[i].id == id; }) > 0)
-        saveAndTell();
-    else
-        removeFilesOfGone();
+    const bool isChanged = removeWhere([&](std::size_t i) { return m_clips[i].id == id; }) > 0;
+    save();
+    if (isChanged)
+        clipsChanged();
 }
 
 void ClipStore::markUsed(const ClipId& id)
@@ -202,8 +200,14 @@ std::string ClipStore::fullText(const ClipItem& clip) const
 
 void ClipStore::save()
 {
+    auto failure = m_history.save(m_clips);
+    if (failure && !m_goneWithFiles.empty()) {
+        // On a full disk what is to go may be just the room that the rest needs.
+        removeFilesOfGone();
+        failure = m_history.save(m_clips);
+    }
     // A failure is not told: the list in memory stays right, and the next change writes it again.
-    if (!m_history.save(m_clips))
+    if (!failure)
         removeFilesOfGone();
 }
 

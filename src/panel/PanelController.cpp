@@ -47,17 +47,13 @@ bool PanelController::handle(const KeyPress& press)
 
 void PanelController::prepareToOpen(std::optional<std::string_view> clipboardText)
 {
-    auto& panel = m_store.panel();
-    panel.panelSearch.set({});
-    const auto displayed = m_store.filteredClips();
-    select(m_store, displayed, clipboardText ? indexOfText(displayed, *clipboardText) : 0);
-    panel.panelOpenCount.set(panel.panelOpenCount.value() + 1);
+    m_store.panel().panelSearch.set({});
+    selectAtOpening(clipboardText);
 }
 
 void PanelController::selectText(std::string_view text)
 {
-    const auto displayed = m_store.filteredClips();
-    select(m_store, displayed, indexOfText(displayed, text));
+    selectAtOpening(text);
 }
 
 void PanelController::click(const ClipId& id)
@@ -204,6 +200,14 @@ bool PanelController::perform(panelcommands::TogglePin)
     if (const auto& selected = m_store.panel().selectedClipID.value())
         m_store.togglePin(*selected);
     return true;
+}
+
+void PanelController::selectAtOpening(std::optional<std::string_view> clipboardText)
+{
+    const auto displayed = m_store.filteredClips();
+    select(m_store, displayed, clipboardText ? indexOfText(displayed, *clipboardText) : 0);
+    auto& count = m_store.panel().panelOpenCount;
+    count.set(count.value() + 1);
 }
 
 void PanelController::deleteSelected()

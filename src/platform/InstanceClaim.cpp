@@ -134,4 +134,21 @@ InstanceStart startInstance(const fs::path& folder, Wish wish, std::chrono::mill
     }
 }
 
+std::optional<Descriptor> claimFolder(const fs::path& folder, std::chrono::milliseconds patience)
+{
+    const auto deadline = Clock::now() + patience;
+    static_cast<void>(makeFolder(folder));
+    Descriptor claim(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!claim.isOpen())
+        return claim;
+    while (::flock(claim.number(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK)
+            return Descriptor();
+        if (Clock::now() >= deadline)
+            return std::nullopt;
+        ::poll(nullptr, 0, static_cast<int>(pause.count()));
+    }
+    return claim;
+}
+
 } // namespace korvane

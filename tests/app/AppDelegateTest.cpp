@@ -255,5 +255,48 @@ namespace {
         EXPECT_EQ(f.clipText(0), "kept");
     }
 
+    TEST(AppDelegateTest, AskingForATakenShortcutShowsShortcutUnavailable)
+    {
+        test::AppFixture f;
+        f.launch();
+        f.grabber.taken.insert({ 0, 2304 });
+
+        EXPECT_FALSE(f.app->hotkeyManager().changeShortcut({ 0, 2304, "A" }));
+
+        ASSERT_EQ(f.alerts.warnings.size(), 1U);
+        EXPECT_EQ(f.alerts.warnings[0].message, "Shortcut unavailable");
+        EXPECT_EQ(f.alerts.warnings[0].informativeText,
+            "That key combination is already in use by macOS or another app. Please try a "
+            "different one.");
+        EXPECT_EQ(f.alerts.warnings[0].button, "OK");
+        EXPECT_EQ(f.grabber.held, (std::pair<KeyCode, ModifierMask> { 49, 4096 }));
+    }
+
+    TEST(AppDelegateTest, AShortcutThatIsTakenAtTheStartShowsNoAlert)
+    {
+        test::AppFixture f;
+        f.grabber.taken.insert({ 49, 4096 });
+        f.launch();
+
+        EXPECT_FALSE(f.app->hotkeyManager().restoreDefaultShortcut());
+
+        EXPECT_TRUE(f.alerts.warnings.empty());
+    }
+
+    TEST(AppDelegateTest, ASecretThatWasThereAtTheStartIsAskedForOnce)
+    {
+        test::AppFixture f;
+        f.pasteboard.copy({ .isSecret = true, .uriList = std::nullopt, .text = std::nullopt });
+        f.launch();
+
+        for (int opening = 0; opening < 3; ++opening) {
+            f.app->shell().togglePanel();
+            f.loop.turn();
+            f.app->shell().togglePanel();
+        }
+
+        EXPECT_EQ(f.pasteboard.reads, 1);
+    }
+
 } // namespace
 } // namespace korvane

@@ -152,5 +152,26 @@ namespace {
         EXPECT_EQ(told, 1);
     }
 
+    TEST(ClipboardMonitorRefusalTest, WhatWasRefusedAsASecretIsNotAskedForAgain)
+    {
+        MonitorFixture f;
+        f.pasteboard.copy({ .isSecret = true, .uriList = std::nullopt, .text = std::nullopt });
+        f.loop.turn();
+        EXPECT_FALSE(f.monitor.mayBeRead());
+
+        f.copyText("open");
+        EXPECT_TRUE(f.monitor.mayBeRead());
+    }
+
+    TEST(ClipboardMonitorRefusalTest, WhatIsThereAtTheStartIsNotReadWhileAPasswordManagerIsInFront)
+    {
+        MonitorFixture f;
+        EXPECT_TRUE(f.monitor.mayBeRead());
+
+        f.workspace.bringToFront("com.apple.Passwords", "Passwords");
+
+        EXPECT_FALSE(f.monitor.mayBeRead());
+    }
+
 } // namespace
 } // namespace korvane

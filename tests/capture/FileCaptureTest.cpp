@@ -110,5 +110,19 @@ namespace {
         EXPECT_EQ(f.texts(), Texts {});
     }
 
+    TEST(FileCaptureTest, TheTextBesideFilesIsNotEvenFetched)
+    {
+        MonitorFixture f;
+        std::optional<bool> filesAreEnough;
+        f.pasteboard.onRead = [&](const Pasteboard::ListTest& isEnough) {
+            filesAreEnough = isEnough && isEnough("file:///tmp/a");
+            EXPECT_FALSE(isEnough("https://example.org/"));
+        };
+
+        f.pasteboard.copyFiles("file:///tmp/a");
+
+        EXPECT_EQ(filesAreEnough, true);
+    }
+
 } // namespace
 } // namespace korvane

@@ -123,5 +123,16 @@ namespace {
         EXPECT_EQ(f.monitor.lastOwnText(), "same");
     }
 
+    TEST(OwnWriteTest, AnOwnTextIsKnownThoughTheDesktopDropsItsNuls)
+    {
+        using namespace std::string_literals;
+        MonitorFixture f;
+        f.monitor.absorbOwnWrite("a\0b"s);
+
+        f.copyText("ab");
+
+        EXPECT_EQ(f.texts(), Texts {});
+    }
+
 } // namespace
 } // namespace korvane

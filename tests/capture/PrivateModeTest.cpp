@@ -207,5 +207,17 @@ namespace {
         EXPECT_EQ(f.preferences.get(keys::privateModeEnabled), PreferenceValue(true));
     }
 
+    TEST(PrivateModeTest, WhatIsBeingFetchedIsFetchedNoFurtherWhenItBegins)
+    {
+        MonitorFixture f;
+        f.pasteboard.holdsAnswers = true;
+        f.pasteboard.copyText("secret");
+        EXPECT_FALSE(f.pasteboard.hasAbandonedReads);
+
+        f.monitor.setPrivateModeEnabled(true);
+
+        EXPECT_TRUE(f.pasteboard.hasAbandonedReads);
+    }
+
 } // namespace
 } // namespace korvane

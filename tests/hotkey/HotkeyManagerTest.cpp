@@ -17,6 +17,10 @@ namespace {
     const Chord optionCommandAChord { 0, 2304 };
 
     struct HotkeyFixture {
+        HotkeyFixture()
+        {
+            m_refused = manager.refused.connect([this] { ++refusals; });
+        }
         test::FakeHotkeyGrabber grabber;
         test::MemoryPreferences preferences;
         test::ManualLoop loop;
@@ -38,6 +42,11 @@ namespace {
             store(keys::hotkeyModifiers, mask);
             preferences.changed();
         }
+
+        int refusals = 0;
+
+    private:
+        Connection m_refused;
     };
 
     TEST(HotkeyManagerTest, WithNothingStoredTheShortcutIsControlSpace)
@@ -219,6 +228,7 @@ namespace {
 
         EXPECT_EQ(f.grabber.held, controlSpace);
         EXPECT_EQ(f.preferences.writes, 0);
+        EXPECT_EQ(f.refusals, 1);
     }
 
     TEST(HotkeyManagerTest, ChangingGrabsOnceThoughThreeKeysAreWritten)
@@ -253,6 +263,7 @@ namespace {
 
         EXPECT_EQ(f.grabber.held, optionCommandAChord);
         EXPECT_EQ(f.manager.loadShortcut(), optionCommandA);
+        EXPECT_EQ(f.refusals, 0);
     }
 
     TEST(HotkeyManagerTest, AChangeFromOutsideTakesEffect)
@@ -295,6 +306,36 @@ namespace {
         f.storeFromOutside(0, 2304);
 
         EXPECT_EQ(f.grabber.held, controlSpace);
+    }
+
+    TEST(HotkeyManagerTest, ATakenShortcutFromOutsideIsToldOnceAndNotTriedAtEveryOtherChange)
+    {
+        HotkeyFixture f;
+        EXPECT_TRUE(f.registerStored());
+        f.grabber.taken.insert(optionCommandAChord);
+        f.storeFromOutside(0, 2304);
+        const int before = f.grabber.grabs;
+
+        f.preferences.set(keys::theme, std::string("dark"));
+
+        EXPECT_EQ(f.refusals, 1);
+        EXPECT_EQ(f.grabber.grabs, before);
+        EXPECT_EQ(f.grabber.held, controlSpace);
+    }
+
+    TEST(HotkeyManagerTest, AfterARefusalFromOutsideAnotherShortcutTakesEffect)
+    {
+        HotkeyFixture f;
+        EXPECT_TRUE(f.registerStored());
+        f.grabber.taken.insert(optionCommandAChord);
+        f.storeFromOutside(0, 2304);
+
+        f.storeFromOutside(1, 2304);
+        EXPECT_EQ(f.grabber.held, (Chord { 1, 2304 }));
+
+        f.storeFromOutside(0, 2304);
+        EXPECT_EQ(f.grabber.held, (Chord { 1, 2304 }));
+        EXPECT_EQ(f.refusals, 2);
     }
 
     TEST(HotkeyManagerTest, AnImpossibleShortcutFromOutsideLeavesTheOldOneWorking)

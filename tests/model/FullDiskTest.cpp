@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace korvane {
 namespace {
@@ -78,6 +79,55 @@ namespace {
         return f.isSmall && f.store->clips().size() == 1 && f.fileBytes() == saved
             && fs::is_empty(f.store->overflowDir()) && lines.size() == 1
             && lines[0].starts_with("Korvane: overflow write failed for clip " + id.text() + ": ");
+    }
+
+    /// One large clip with a file of its own takes half of the disk, and small ones fill the rest. The
+    /// change that removes the large clip must bring the whole list to the disk.
+    bool afterOnFullDisk(const std::function<void(StoreFixture&)>& removeTheLargeOne)
+    {
+        SmallDiskStore f;
+        f.preferences.set(keys::maxClipSizeKB, std::int64_t { 1 });
+        f.open();
+        f.add(std::string(largeClip, 'x'));
+        const fs::path file = f.store->clips()[0].overflowPath.value_or("");
+        bool isRight = fs::exists(file);
+        std::size_t saved = 0;
+        for (int number = 0; saved != f.fileBytes().size(); ++number) {
+            saved = f.fileBytes().size();
+            f.add(std::to_string(number) + std::string(1000, 'y'));
+        }
+        const auto unsaved = f.store->clips()[0].id;
+
+        removeTheLargeOne(f);
+
+        isRight = isRight && !fs::exists(file);
+        const auto inMemory = f.store->clips().size();
+        const auto& onDisk = f.open().clips();
+        return isRight && f.isSmall && onDisk.size() == inMemory
+            && (onDisk.empty() || onDisk[0].id == unsaved);
+    }
+
+    TEST(FullDiskTest, DeletingALargeClipFreesTheRoomThatTheRestNeeds)
+    {
+        EXPECT_TRUE(test::holdsInChild([] {
+            return afterOnFullDisk(
+                [](StoreFixture& f) { f.store->deleteClip(ClipItem(f.store->clips().back())); });
+        }));
+    }
+
+    TEST(FullDiskTest, EvictingALargeClipFreesTheRoomThatTheRestNeeds)
+    {
+        EXPECT_TRUE(test::holdsInChild([] {
+            return afterOnFullDisk([](StoreFixture& f) {
+                f.store->setMaxClips(static_cast<int>(f.store->clips().size()) - 1);
+            });
+        }));
+    }
+
+    TEST(FullDiskTest, ClearingTheHistoryWorksOnAFullDisk)
+    {
+        EXPECT_TRUE(test::holdsInChild(
+            [] { return afterOnFullDisk([](StoreFixture& f) { f.store->clearUnpinned(); }); }));
     }
 
     TEST(FullDiskTest, AFullDiskLeavesTheOldHistoryAndTheListInMemory)

@@ -521,5 +521,49 @@ namespace {
         EXPECT_EQ(child.wait(), 0);
     }
 
+    TEST(FolderClaimTest, AFolderIsMadeAndClaimedOnce)
+    {
+        const TempFolder folder;
+        const auto data = folder.path() / "data";
+
+        const auto first = claimFolder(data);
+        ASSERT_TRUE(first && first->isOpen());
+        EXPECT_EQ(modeOf(data), 0700U);
+        EXPECT_FALSE(claimFolder(data, 50ms));
+    }
+
+    TEST(FolderClaimTest, AClaimEndsWithItsProcessHoweverThatEnds)
+    {
+        const TempFolder folder;
+        std::array<int, 2> pipe {};
+        ASSERT_EQ(::pipe(pipe.data()), 0);
+        Process other([&] {
+            const auto claim = claimFolder(folder.path());
+            static_cast<void>(::write(pipe[1], "c", 1));
+            ::pause();
+            return claim ? 0 : 1;
+        });
+        char claimed = 0;
+        ASSERT_EQ(::read(pipe[0], &claimed, 1), 1);
+        EXPECT_FALSE(claimFolder(folder.path(), 50ms));
+
+        other.signal(SIGKILL);
+
+        EXPECT_TRUE(claimFolder(folder.path(), 10s));
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+    }
+
+    TEST(FolderClaimTest, AFolderThatCannotBeMadeCannotBeClaimedByAnyone)
+    {
+        const TempFolder folder;
+        std::ofstream(folder.path() / "file") << "no folder";
+
+        const auto claim = claimFolder(folder.path() / "file", 50ms);
+
+        ASSERT_TRUE(claim);
+        EXPECT_FALSE(claim->isOpen());
+    }
+
 } // namespace
 } // namespace korvane

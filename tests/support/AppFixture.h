@@ -37,7 +37,7 @@ public:
     {
         app = std::make_unique<AppDelegate>(
             Ports { loop, log, preferences, pasteboard, workspace, grabber, keyboard, desktop,
-                sounds, statusItem, screens, outsideClicks, appearance,
+                sounds, statusItem, screens, outsideClicks, appearance, alerts,
                 [this](ClipStore&, PanelController& controller) {
                     panelController = &controller;
                     auto window = std::make_unique<FakeWindow>();
@@ -79,6 +79,7 @@ public:
     FakeScreens screens;
     FakeOutsideClicks outsideClicks;
     FakeAppearance appearance;
+    FakeAlerts alerts;
     FakeWindow preview;
     FakeWindow settings;
     FakeWindow* panel = nullptr;

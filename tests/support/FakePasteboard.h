@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,12 +23,20 @@ public:
     std::int64_t changeCount() const override { return m_changeCount; }
 
     void synchronise() override { m_changeCount += std::exchange(changesUnderWay, 0); }
-    void read(Answer answer) override
+    void read(Answer answer, ListTest isEnough = {}) override
     {
         ++reads;
-        m_readsUnderWay.push_back({ m_changeCount, std::move(answer) });
+        if (onRead)
+            onRead(isEnough);
+        m_readsUnderWay.push_back({ m_changeCount, std::move(answer), std::move(isEnough) });
         if (!holdsAnswers)
             m_loop.post([this] { answerOldest(); });
+    }
+    void abandonReads() override
+    {
+        hasAbandonedReads = true;
+        for (auto& read : m_readsUnderWay)
+            read.changeCount = -1; // whenever it is answered, with nothing
     }
 
     void writeText(std::string_view text) override
@@ -69,7 +78,11 @@ public:
         const auto place = m_readsUnderWay.begin() + static_cast<std::ptrdiff_t>(index);
         const auto read = std::move(*place);
         m_readsUnderWay.erase(place);
-        read.answer(read.changeCount == m_changeCount ? m_contents : std::nullopt);
+        auto contents = read.changeCount == m_changeCount ? m_contents : std::nullopt;
+        // A real one does not fetch it then.
+        if (contents && contents->uriList && read.isEnough && read.isEnough(*contents->uriList))
+            contents->text.reset();
+        read.answer(std::move(contents));
     }
     /// Answers a read by contents that it had fetched before they changed.
     void answerAt(std::size_t index, std::optional<Contents> contents)
@@ -89,12 +102,16 @@ public:
     /// False: nobody is told of a change, so that only a look at the count finds it.
     bool tellsOfChanges = true;
     int reads = 0;
+    /// Sees what each read asks for.
+    std::function<void(const ListTest&)> onRead;
+    bool hasAbandonedReads = false;
     std::vector<std::string> written;
 
 private:
     struct ReadUnderWay {
         std::int64_t changeCount;
         Answer answer;
+        ListTest isEnough;
     };
 
     void count()

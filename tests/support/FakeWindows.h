@@ -27,6 +27,14 @@ public:
     std::function<std::vector<MenuItem>()> menu;
 };
 
+/// Remembers what the user was told.
+class FakeAlerts : public Alerts {
+public:
+    void warn(const Alert& alert) override { warnings.push_back(alert); }
+
+    std::vector<Alert> warnings;
+};
+
 /// One screen with a bar of 26 points at its top, and the status item in it.
 class FakeScreens : public Screens {
 public:

@@ -26,9 +26,9 @@ inline bool holdsInChild(const std::function<bool()>& check)
         && WEXITSTATUS(status) == 0;
 }
 
-/// Puts a file system of so many bytes in the folder's place, for this process alone; false when
-/// the system does not let us. It goes when the process ends.
-inline bool mountSmallDisk(const std::filesystem::path& folder, std::size_t bytes)
+/// Gives this process mounts of its own: what it mounts, nobody else sees, and it goes when the
+/// process ends. False when the system does not let us.
+inline bool takeOwnMounts()
 {
     const auto put = [](const char* file, std::string_view text) {
         const int descriptor = ::open(file, O_WRONLY | O_CLOEXEC);
@@ -45,9 +45,15 @@ inline bool mountSmallDisk(const std::filesystem::path& folder, std::size_t byte
             || !put("/proc/self/uid_map", user + " " + user + " 1")
             || !put("/proc/self/gid_map", group + " " + group + " 1")))
         return false;
+    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+/// Puts a file system of so many bytes in the folder's place, for this process alone; false when
+/// the system does not let us. It goes when the process ends.
+inline bool mountSmallDisk(const std::filesystem::path& folder, std::size_t bytes)
+{
     const auto options = "mode=0700,size=" + std::to_string(bytes);
-    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-        && ::mount("none", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
+    return takeOwnMounts() && ::mount("none", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
 }
 
 /// The next best thing where no file system may be mounted: a file may not grow beyond so many

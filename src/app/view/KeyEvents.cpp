@@ -69,7 +69,8 @@ namespace {
             if (!(mask & modifiers::command))
                 return typed;
             const bool isDigit = event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9;
-            if (!isDigit && place >= topRowFirst && place <= topRowLast)
+            if (!isDigit && !(mask & modifiers::shift) && place >= topRowFirst
+                && place <= topRowLast)
                 return QString::number((place - topRowFirst + 1) % 10);
             if (place == placeOfP && !typed.isEmpty() && typed.front().unicode() > 0x7f)
                 return QStringLiteral("p");

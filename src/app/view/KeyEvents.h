@@ -12,7 +12,7 @@ namespace korvane {
 ///
 /// The characters are what the key types without Ctrl, Super and Alt. Together with Command two
 /// groups of keys go by their place instead, so that the panel's keys exist on every layout: the top
-/// row gives digits also where it types them with Shift only, and the P key gives "p" also where it
+/// row gives digits also where it types them with Shift only (but not while Shift is held), and the P key gives "p" also where it
 /// types a letter of another script.
 KeyPress keyPressFrom(const QKeyEvent& event);
 

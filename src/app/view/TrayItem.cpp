@@ -13,11 +13,6 @@ namespace korvane {
 
 namespace {
 
-    QString fromUtf8(std::string_view text)
-    {
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    }
-
     /// The number in a title such as " 42".
     std::optional<int> numberIn(std::string_view title)
     {
@@ -52,7 +47,7 @@ void TrayItem::setTitle(std::string_view title)
     if (m_title == title)
         return;
     m_title = title;
-    m_icon.setToolTip(QStringLiteral("Korvane") + fromUtf8(title));
+    m_icon.setToolTip(QStringLiteral("Korvane") + QString::fromUtf8(title));
     draw();
 }
 
@@ -80,10 +75,11 @@ void TrayItem::fillMenu()
             continue;
         }
         // An ampersand in a menu's text would mark a letter.
-        auto* action = m_menu.addAction(fromUtf8(item.title).replace(u'&', QStringLiteral("&&")));
+        auto* action
+            = m_menu.addAction(QString::fromUtf8(item.title).replace(u'&', QStringLiteral("&&")));
         if (!item.keyEquivalent.empty())
             action->setShortcut(
-                QKeySequence(QStringLiteral("Ctrl+") + fromUtf8(item.keyEquivalent)));
+                QKeySequence(QStringLiteral("Ctrl+") + QString::fromUtf8(item.keyEquivalent)));
         QObject::connect(action, &QAction::triggered, action, [chosen = std::move(item.action)] {
             if (chosen)
                 chosen();

@@ -7,10 +7,12 @@
 #include "panel/view/Symbols.h"
 
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -42,8 +44,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     m_renameField.hide();
     m_renameField.setFont(panelFont(13));
     m_renameField.setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
-    m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder.data(),
-        static_cast<qsizetype>(paneltexts::renamePlaceholder.size())));
+    m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder));
     connect(&m_renameField, &QLineEdit::returnPressed, this, [this] { submitRename(); });
     connect(&m_renameField, &QLineEdit::editingFinished, this, [this] {
         // The keyboard may go to another window and come back; within ours the focus has moved on.
@@ -150,6 +151,21 @@ void ClipListView::openMenuOfSelectedRow()
         return;
     bringIntoView(*index);
     openMenu(*index, mapToGlobal(rowRect(*index).center().toPoint()));
+}
+
+bool ClipListView::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto index = rowAt(help->pos());
+    const auto mark = index ? m_rowView.largeMarkRect(rowRect(*index), row(*index)) : QRectF();
+    if (mark.contains(help->pos()))
+        QToolTip::showText(help->globalPos(), QString::fromUtf8(paneltexts::largeMarkToolTip), this,
+            mark.toAlignedRect());
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 void ClipListView::paintEvent(QPaintEvent* event)

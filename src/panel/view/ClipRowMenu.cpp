@@ -46,8 +46,7 @@ QMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
             menu->addSeparator();
             continue;
         }
-        auto* line = menu->addAction(
-            QString::fromUtf8(item.title.data(), static_cast<qsizetype>(item.title.size())));
+        auto* line = menu->addAction(QString::fromUtf8(item.title));
         QObject::connect(line, &QAction::triggered, menu,
             performed(*item.action, clip.id, controller, beginRename, rowMidY));
     }

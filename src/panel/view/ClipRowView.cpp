@@ -38,11 +38,6 @@ namespace {
     constexpr auto oneLine
         = Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft;
 
-    QString fromUtf8(std::string_view text)
-    {
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    }
-
     const QColor& standingBack(const PanelColours& colours, const ClipRow& shown)
     {
         return shown.isSelected ? colours.onSelection : colours.secondary;
@@ -63,7 +58,7 @@ namespace {
         std::vector<QString> texts;
         double needed = 0;
         for (const auto& item : items) {
-            texts.push_back(fromUtf8(item));
+            texts.push_back(QString::fromUtf8(item));
             needed += font.horizontalAdvance(texts.back()) + metaGap;
         }
         needed -= metaGap;
@@ -116,9 +111,16 @@ QRectF ClipRowView::titleRect(const QRectF& row, const ClipRow& shown) const
     return { left, row.top() + titleTop, right - left, titleHeight };
 }
 
+QRectF ClipRowView::largeMarkRect(const QRectF& row, const ClipRow& shown) const
+{
+    if (!shown.clip.isOverflow)
+        return {};
+    return { row.right() - sidePadding - marksWidth(shown), row.top(), markSymbol, row.height() };
+}
+
 double ClipRowView::marksWidth(const ClipRow& shown) const
 {
-    double width = badgeWidth(fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex)));
+    double width = badgeWidth(QString::fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex)));
     for (const bool hasMark : { shown.clip.isOverflow, shown.clip.isPinned }) {
         if (hasMark)
             width += markSymbol + (width > 0 ? markGap : 0);
@@ -175,7 +177,7 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
     } else {
         painter.setFont(panelFont(titleSize));
         painter.setPen(colours.text);
-        const auto text = fromUtf8(paneltexts::rowTitle(shown.clip));
+        const auto text = QString::fromUtf8(paneltexts::rowTitle(shown.clip));
         painter.drawText(
             title, oneLine, elidedText(text, QFontMetricsF(painter.font()), title.width()));
     }
@@ -189,7 +191,7 @@ void ClipRowView::paintMarks(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
     const auto& colours = panelColours(palette);
-    const auto badge = fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex));
+    const auto badge = QString::fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex));
     double x = row.right() - sidePadding - marksWidth(shown);
     const auto mark = [&](std::string_view symbol, const QColor& colour) {
         m_symbols.paint(

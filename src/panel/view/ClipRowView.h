@@ -39,6 +39,8 @@ public:
         const QPalette& palette);
     /// Where the title stands, for the field that replaces it.
     QRectF titleRect(const QRectF& row, const ClipRow& shown) const;
+    /// Where the mark of a large clip stands; empty for any other clip.
+    QRectF largeMarkRect(const QRectF& row, const ClipRow& shown) const;
 
 private:
     double marksWidth(const ClipRow& shown) const;

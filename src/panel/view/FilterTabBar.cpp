@@ -29,8 +29,7 @@ namespace {
 
     QString titleOf(FilterTab tab)
     {
-        const auto text = title(tab);
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        return QString::fromUtf8(title(tab));
     }
     std::size_t indexOf(FilterTab tab)
     {

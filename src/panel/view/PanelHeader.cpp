@@ -13,8 +13,7 @@ void PanelHeader::paintEvent(QPaintEvent*)
     painter.setFont(panelFont(14, QFont::DemiBold));
     painter.setPen(panelColours(palette()).text);
     painter.drawText(rect().adjusted(14, 0, -8, 0), Qt::AlignLeft | Qt::AlignVCenter,
-        QString::fromUtf8(paneltexts::productName.data(),
-            static_cast<qsizetype>(paneltexts::productName.size())));
+        QString::fromUtf8(paneltexts::productName));
 }
 
 } // namespace korvane

@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPointer>
 
 #include <utility>
 
@@ -40,18 +39,31 @@ void PanelLineEdit::pasteText()
 {
     if (!m_reader)
         return;
-    m_reader([self = QPointer<PanelLineEdit>(this)](const QString& text) {
-        if (self)
-            self->insert(onOneLine(text));
+    m_reader([this, showing = std::weak_ptr(m_showing)](const QString& text) {
+        // An empty answer is no text to put in the place of what is selected.
+        if (!showing.expired() && !text.isEmpty())
+            insert(onOneLine(text));
     });
 }
 
 void PanelLineEdit::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Paste))
+    if (event->modifiers().testFlag(Qt::MetaModifier)) {
+        const auto held = (event->modifiers() & ~Qt::MetaModifier) | Qt::ControlModifier;
+        QKeyEvent asCtrl(event->type(), event->key(), held, QString(), event->isAutoRepeat());
+        keyPressEvent(&asCtrl);
+        event->setAccepted(asCtrl.isAccepted());
+    } else if (event->matches(QKeySequence::Paste)) {
         pasteText();
-    else
+    } else {
         QLineEdit::keyPressEvent(event);
+    }
+}
+
+void PanelLineEdit::hideEvent(QHideEvent* event)
+{
+    m_showing = std::make_shared<bool>(true);
+    QLineEdit::hideEvent(event);
 }
 
 void PanelLineEdit::mouseReleaseEvent(QMouseEvent* event)

@@ -36,7 +36,7 @@ namespace {
 
 QPixmap Symbols::pixmap(std::string_view name, double size, double ratio, const QColor& colour)
 {
-    const auto file = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    const auto file = QString::fromUtf8(name);
     const auto key = QStringLiteral("%1 %2 %3 %4")
                          .arg(file, QString::number(size), QString::number(ratio),
                              QString::number(colour.rgba(), 16));

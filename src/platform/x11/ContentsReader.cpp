@@ -46,12 +46,13 @@ namespace {
 } // namespace
 
 ContentsReader::ContentsReader(X11Connection& connection, MainLoop& loop, RequestWindows& windows,
-    xcb_timestamp_t time, Pasteboard::Answer answer)
+    xcb_timestamp_t time, Pasteboard::Answer answer, Pasteboard::ListTest isEnough)
     : m_connection(connection)
     , m_loop(loop)
     , m_windows(windows)
     , m_time(time)
     , m_answer(std::move(answer))
+    , m_isEnough(std::move(isEnough))
 {
     fetch(m_connection.atom("TARGETS"), maxTargetBytes, &ContentsReader::takeTargets);
 }
@@ -64,7 +65,7 @@ void ContentsReader::fetch(xcb_atom_t target, std::size_t maxBytes, Step next)
             m_transfer.reset();
             if (result.ending == TransferResult::Ending::silent
                 || result.ending == TransferResult::Ending::tooLarge)
-                finish(std::nullopt);
+                finish(m_contents.uriList ? std::optional(std::move(m_contents)) : std::nullopt);
             else
                 (this->*next)(std::move(result));
         });
@@ -90,7 +91,8 @@ void ContentsReader::takeTargets(TransferResult&& result)
 
 void ContentsReader::takeHint(TransferResult&& result)
 {
-    if (withoutTrailingNuls(std::move(result.bytes)) == "secret") {
+    // A mark that its owner then does not show is taken for what it most likely says.
+    if (!isReceived(result, 8) || withoutTrailingNuls(std::move(result.bytes)) == "secret") {
         m_contents.isSecret = true;
         finish(std::move(m_contents));
         return;
@@ -111,7 +113,10 @@ void ContentsReader::takeFiles(TransferResult&& result)
 {
     if (isReceived(result, 8))
         m_contents.uriList = std::move(result.bytes);
-    askForText();
+    if (m_contents.uriList && m_isEnough && m_isEnough(*m_contents.uriList))
+        finish(std::move(m_contents));
+    else
+        askForText();
 }
 
 void ContentsReader::askForText()

@@ -49,7 +49,6 @@ public:
 private:
     enum class Stage { awaitingReply, awaitingPiece, readingPiece };
 
-    void ask(xcb_timestamp_t time);
     void takeNotify(const xcb_selection_notify_event_t& event);
     void takePropertyChange(const xcb_property_notify_event_t& event);
     void readNext();

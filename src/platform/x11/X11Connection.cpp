@@ -10,6 +10,7 @@
 #undef explicit
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace korvane {
@@ -117,18 +118,21 @@ Connection X11Connection::connect(std::uint32_t key, Slot slot)
     return m_signals[key].connect(std::move(slot));
 }
 
-std::vector<X11Event> X11Connection::takeArrived(std::uint8_t type)
+std::vector<X11Event> X11Connection::takeArrived(
+    std::uint8_t type, const std::function<bool(const xcb_generic_event_t&)>& isLast)
 {
     keepQueuedEvents();
-    std::vector<X11Event> taken;
-    std::deque<X11Event> others;
-    for (auto& event : m_arrived) {
-        if (keyOf(*event) == type)
-            taken.push_back(std::move(event));
-        else
-            others.push_back(std::move(event));
+    const auto isWanted = [type](const X11Event& event) { return keyOf(*event) == type; };
+    auto end = m_arrived.end();
+    if (isLast) {
+        while (end != m_arrived.begin() && !(isWanted(end[-1]) && isLast(*end[-1])))
+            --end;
     }
-    m_arrived = std::move(others);
+    // The others keep their order, and stay before what comes after `end`.
+    const auto firstTaken = std::stable_partition(
+        m_arrived.begin(), end, [&](const X11Event& event) { return !isWanted(event); });
+    std::vector<X11Event> taken(std::make_move_iterator(firstTaken), std::make_move_iterator(end));
+    m_arrived.erase(firstTaken, end);
     return taken;
 }
 

@@ -85,7 +85,9 @@ public:
     /// Takes the events of this type that have arrived and have not been delivered out of the queue;
     /// slots will not hear of them. For who must know now what the server has said so far: after a
     /// reply, everything that happened before it is here.
-    std::vector<X11Event> takeArrived(std::uint8_t type);
+    /// @param isLast  only as far as the last event for which this holds; none: all of them
+    std::vector<X11Event> takeArrived(
+        std::uint8_t type, const std::function<bool(const xcb_generic_event_t&)>& isLast = {});
 
     /// The server has gone. Told once.
     Signal<> closed;

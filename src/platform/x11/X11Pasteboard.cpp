@@ -51,7 +51,7 @@ X11Pasteboard::Change X11Pasteboard::note(const xcb_xfixes_selection_notify_even
     const auto previous = std::exchange(m_owner, event.owner);
     m_ownedSince = event.timestamp;
     ++m_changeCount;
-    dropReadings();
+    abandonReads();
     const auto wasForeign = previous != XCB_NONE && !m_writer.ownsWindow(previous);
     // An owner that gives the selection up on purpose, as password managers do when they clear it,
     // sends the other subtype.
@@ -88,7 +88,7 @@ void X11Pasteboard::synchronise()
     }
 }
 
-void X11Pasteboard::read(Answer answer)
+void X11Pasteboard::read(Answer answer, ListTest isEnough)
 {
     if (m_owner == XCB_NONE) {
         post([answer = std::move(answer)] { answer(std::nullopt); });
@@ -96,15 +96,17 @@ void X11Pasteboard::read(Answer answer)
     }
     const auto reading = m_readings.emplace(m_readings.end());
     reading->answer = std::move(answer);
-    reading->reader = std::make_unique<ContentsReader>(m_connection, m_loop, m_windows,
-        m_ownedSince, [this, reading](std::optional<Contents> contents) {
+    reading->reader = std::make_unique<ContentsReader>(
+        m_connection, m_loop, m_windows, m_ownedSince,
+        [this, reading](std::optional<Contents> contents) {
             const auto done = std::move(reading->answer);
             m_readings.erase(reading);
             done(std::move(contents));
-        });
+        },
+        std::move(isEnough));
 }
 
-void X11Pasteboard::dropReadings()
+void X11Pasteboard::abandonReads()
 {
     for (auto& reading : std::exchange(m_readings, {}))
         post([answer = std::move(reading.answer)] { answer(std::nullopt); });
@@ -117,8 +119,13 @@ void X11Pasteboard::writeText(std::string_view text)
     // changes among it comes on the next turn, so that nobody acts in the middle of our caller.
     m_connection.reply(
         xcb_get_selection_owner_reply, xcb_get_selection_owner(m_connection.get(), m_clipboard));
+    // Only as far as our own change: a copy that another program has made since then is still to come.
+    const auto isOwn = [this](const auto& event) {
+        return ownerEvent(event).selection == m_clipboard
+            && m_writer.ownsWindow(ownerEvent(event).owner);
+    };
     bool isCounted = false;
-    for (const auto& arrived : m_connection.takeArrived(m_ownerEvent)) {
+    for (const auto& arrived : m_connection.takeArrived(m_ownerEvent, isOwn)) {
         const auto& event = ownerEvent(*arrived);
         if (event.selection != m_clipboard)
             continue;

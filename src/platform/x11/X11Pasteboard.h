@@ -25,7 +25,8 @@ public:
 
     std::int64_t changeCount() const override { return m_changeCount; }
     void synchronise() override;
-    void read(Answer answer) override;
+    void read(Answer answer, ListTest isEnough = {}) override;
+    void abandonReads() override;
     void writeText(std::string_view text) override;
 
     /// Puts the text that we wrote last into PRIMARY too, where terminals look for what they paste;
@@ -47,7 +48,6 @@ private:
     void watchOwner(std::uint8_t eventType);
     Change note(const xcb_xfixes_selection_notify_event_t& event);
     void tell(Change change);
-    void dropReadings();
     bool hasOwner();
     void post(MainLoop::Task task);
 

@@ -91,8 +91,7 @@ void XdgDesktop::openFolderOf(const std::string& path)
 
 void XdgDesktop::openAddress(std::string_view address)
 {
-    const QUrl url(
-        QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())).trimmed());
+    const QUrl url(QString::fromUtf8(address).trimmed());
     const auto scheme = url.scheme().toLatin1(); // in lower case already
     if (!url.isValid() || url.host().isEmpty() || (scheme != "http" && scheme != "https"))
         return;

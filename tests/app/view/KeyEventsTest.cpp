@@ -74,6 +74,14 @@ namespace {
         EXPECT_EQ(pressed(Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b")).characters, "");
     }
 
+    TEST(KeyEventsTest, TheTopRowGivesNoDigitsWhileShiftIsHeld)
+    {
+        const QKeyEvent event(QEvent::KeyPress, Qt::Key_Exclam,
+            Qt::ControlModifier | Qt::ShiftModifier, 10, 0, 0, QStringLiteral("!"));
+
+        EXPECT_EQ(keyPressFrom(event).characters, "!");
+    }
+
     TEST(KeyEventsTest, TheTopRowGivesDigitsOnALayoutThatTypesThemWithShift)
     {
         const std::pair<int, const char*> azerty[] { { Qt::Key_Ampersand, "1" },

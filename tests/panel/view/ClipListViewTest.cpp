@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include <string>
 
 namespace korvane {
@@ -264,6 +268,37 @@ namespace {
         test::click(f.list, f.middleOf(1));
 
         EXPECT_EQ(f.actions.done, (std::vector<Done> { { "choose", "clip 3" } }));
+    }
+
+    TEST(ClipListViewTest, TheMarkOfALargeClipTellsWhatItMeans)
+    {
+        ListFixture f;
+        f.addLarge('x');
+        test::settle();
+        const auto row = f.list.rowRect(0);
+        const auto textAt = [&](int fromRight) {
+            const QPoint at(
+                static_cast<int>(row.right()) - fromRight, static_cast<int>(row.center().y()));
+            QHelpEvent rest(QEvent::ToolTip, at, f.list.mapToGlobal(at));
+            QApplication::sendEvent(&f.list, &rest);
+            return QToolTip::text();
+        };
+
+        // The mark stands left of the badge.
+        bool isTold = false;
+        for (int fromRight = 9; fromRight < 60; ++fromRight)
+            isTold = isTold || textAt(fromRight) == QStringLiteral("Large clip — stored on disk");
+        EXPECT_TRUE(isTold);
+    }
+
+    TEST(ClipListViewTest, AClipFoundLateAtAnOpeningLeavesTheListAtItsTop)
+    {
+        ListFixture f(50);
+
+        f.controller.selectText("clip 40");
+
+        EXPECT_EQ(f.selected(), "clip 40");
+        EXPECT_EQ(f.list.offset(), 0);
     }
 
 } // namespace

@@ -133,6 +133,45 @@ namespace {
         answer(QStringLiteral("too late"));
     }
 
+    TEST(SearchTextFieldTest, AnAnswerThatComesAfterThePanelHasBeenClosedIsDropped)
+    {
+        SearchFixture f;
+        f.search.field().pasteText();
+
+        f.search.hide();
+        f.search.show();
+        f.questions.front()(QStringLiteral("too late"));
+
+        EXPECT_EQ(f.searched(), "");
+    }
+
+    TEST(SearchTextFieldTest, AnEmptyClipboardLeavesWhatIsSelected)
+    {
+        SearchFixture f;
+        test::typeText(f.search.field(), QStringLiteral("abc"));
+        f.search.field().selectAll();
+
+        f.search.field().pasteText();
+        f.questions.front()(QString());
+
+        EXPECT_EQ(f.searched(), "abc");
+    }
+
+    TEST(SearchTextFieldTest, TheSuperKeyDoesWhatCtrlDoesAndTypesNothing)
+    {
+        SearchFixture f;
+        auto& field = f.search.field();
+        test::typeText(field, QStringLiteral("abc"));
+
+        test::typeKey(field, Qt::Key_A, Qt::MetaModifier, QStringLiteral("a"));
+        EXPECT_EQ(field.selectedText(), QStringLiteral("abc"));
+        test::typeKey(field, Qt::Key_V, Qt::MetaModifier, QStringLiteral("v"));
+        EXPECT_EQ(f.questions.size(), 1U);
+        test::typeKey(field, Qt::Key_J, Qt::MetaModifier, QStringLiteral("j"));
+
+        EXPECT_EQ(f.searched(), "abc");
+    }
+
     TEST(SearchTextFieldTest, TheMiddleButtonPastesNothing)
     {
         SearchFixture f;

@@ -61,10 +61,11 @@ public:
             [this](std::optional<Contents> contents) { answers.push_back(std::move(contents)); });
     }
     /// Reads and waits for the answer, which is not gathered.
-    std::optional<Contents> read()
+    std::optional<Contents> read(Pasteboard::ListTest isEnough = {})
     {
         std::optional<std::optional<Contents>> answer;
-        pasteboard->read([&](std::optional<Contents> contents) { answer = std::move(contents); });
+        pasteboard->read([&](std::optional<Contents> contents) { answer = std::move(contents); },
+            std::move(isEnough));
         const auto hasAnswered = waitUntil([&] { return answer.has_value(); });
         EXPECT_TRUE(hasAnswered);
         return hasAnswered ? std::move(*answer) : std::nullopt;

@@ -55,6 +55,33 @@ struct X11Desk {
         deliverEvents();
         return isInFront;
     }
+
+    /// Takes the pointer for the other program, as an open menu does, and keeps it until the desk
+    /// goes. The window manager may hold it still, for a click of a moment ago: it is taken as soon
+    /// as nobody else does.
+    bool holdPointer() const
+    {
+        return waitUntil([this] {
+            const X11Reply<xcb_grab_pointer_reply_t> grab(xcb_grab_pointer_reply(otherProgram.get(),
+                xcb_grab_pointer(otherProgram.get(), 0, otherProgram.root(),
+                    XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE,
+                    XCB_NONE, XCB_CURRENT_TIME),
+                nullptr));
+            return grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
+        });
+    }
+    /// The same for the keyboard.
+    bool holdKeyboard() const
+    {
+        return waitUntil([this] {
+            const X11Reply<xcb_grab_keyboard_reply_t> grab(
+                xcb_grab_keyboard_reply(otherProgram.get(),
+                    xcb_grab_keyboard(otherProgram.get(), 0, otherProgram.root(), XCB_CURRENT_TIME,
+                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                    nullptr));
+            return grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
+        });
+    }
 };
 
 } // namespace korvane::test

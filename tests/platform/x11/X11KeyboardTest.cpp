@@ -309,11 +309,7 @@ namespace {
     {
         KeyboardFixture f;
         ASSERT_TRUE(f.listen());
-        const X11Reply<xcb_grab_keyboard_reply_t> grab(xcb_grab_keyboard_reply(f.otherProgram.get(),
-            xcb_grab_keyboard(f.otherProgram.get(), 0, f.otherProgram.root(), XCB_CURRENT_TIME,
-                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-            nullptr));
-        ASSERT_EQ(grab->status, XCB_GRAB_STATUS_SUCCESS);
+        ASSERT_TRUE(f.holdKeyboard());
 
         f.input.chord({ keys::control, keys::v });
         f.deliverEvents();

@@ -161,6 +161,43 @@ namespace {
         EXPECT_EQ(desk.changes, 2);
     }
 
+    TEST(X11PasteboardCountTest, ACopyThatComesWhileWeWriteIsStillToBeCountedAfterwards)
+    {
+        // A writer whose text another program has replaced before we hear of either.
+        class OvertakenWriter : public ClipboardWriter {
+        public:
+            OvertakenWriter(ClipboardWriter& real, SelectionOwner& owner)
+                : m_real(real)
+                , m_owner(owner)
+            {
+            }
+            void writeClipboard(std::string_view text) override
+            {
+                m_real.writeClipboard(text);
+                m_owner.copyAgain("overtaking");
+            }
+            void copyToPrimary() override { m_real.copyToPrimary(); }
+            bool ownsWindow(xcb_window_t window) const override
+            {
+                return m_real.ownsWindow(window);
+            }
+
+        private:
+            ClipboardWriter& m_real;
+            SelectionOwner& m_owner;
+        };
+        PasteboardDesk desk;
+        SelectionOwner owner(textOwner("alpha"));
+        EXPECT_TRUE(desk.hasCounted(1));
+        OvertakenWriter writer(desk.writer, owner);
+        X11Pasteboard pasteboard(desk.connection, desk.loop, writer);
+
+        pasteboard.writeText("own text");
+        EXPECT_EQ(pasteboard.changeCount(), 1);
+
+        EXPECT_TRUE(waitUntil([&] { return pasteboard.changeCount() == 2; }));
+    }
+
     TEST(X11PasteboardCountTest, WhenWeStartTheCountIsNotRaisedByWhatIsThere)
     {
         PasteboardDesk desk;

@@ -217,6 +217,66 @@ namespace {
         EXPECT_EQ(contents->text, "/tmp/a b");
     }
 
+    TEST(X11PasteboardReadTest, WhereTheListIsEnoughTheTextIsNotFetched)
+    {
+        PasteboardDesk desk;
+        SelectionOwner owner(offering({ { .target = "text/uri-list", .bytes = "file:///tmp/a\r\n" },
+            { .target = "UTF8_STRING", .bytes = "/tmp/a" } }));
+        EXPECT_TRUE(desk.hasCounted(1));
+
+        const auto contents = desk.read([](std::string_view) { return true; });
+
+        ASSERT_TRUE(contents.has_value());
+        EXPECT_EQ(contents->uriList, "file:///tmp/a\r\n");
+        EXPECT_FALSE(contents->text.has_value());
+        EXPECT_EQ(owner.requests(), (Requests { "TARGETS", "text/uri-list" }));
+    }
+
+    TEST(X11PasteboardReadTest, AListIsNotLostToATextThatNeverComes)
+    {
+        PasteboardDesk desk;
+        const SelectionOwner owner(
+            offering({ { .target = "text/uri-list", .bytes = "file:///tmp/a\r\n" },
+                { .target = "UTF8_STRING", .delivery = Delivery::never } }));
+        EXPECT_TRUE(desk.hasCounted(1));
+
+        const auto contents = desk.read();
+
+        ASSERT_TRUE(contents.has_value());
+        EXPECT_EQ(contents->uriList, "file:///tmp/a\r\n");
+    }
+
+    TEST(X11PasteboardReadTest, AHintThatItsOwnerDoesNotShowMarksASecret)
+    {
+        for (const auto delivery : { Delivery::refused, Delivery::announcedOnly }) {
+            PasteboardDesk desk;
+            SelectionOwner owner(offering({ { .target = "UTF8_STRING", .bytes = "pass word" },
+                { .target = "x-kde-passwordManagerHint", .delivery = delivery } }));
+            EXPECT_TRUE(desk.hasCounted(1));
+
+            const auto contents = desk.read();
+
+            ASSERT_TRUE(contents.has_value());
+            EXPECT_TRUE(contents->isSecret);
+            EXPECT_FALSE(contents->text.has_value());
+        }
+    }
+
+    TEST(X11PasteboardReadTest, AReadGivenUpIsAnsweredWithNothingAndFetchesNoMore)
+    {
+        PasteboardDesk desk;
+        SelectionOwner owner(offering({ { .target = "UTF8_STRING", .bytes = "text" } }));
+        EXPECT_TRUE(desk.hasCounted(1));
+        desk.beginReading();
+
+        desk.pasteboard->abandonReads();
+
+        EXPECT_TRUE(test::waitUntil([&] { return desk.answers.size() == 1; }));
+        EXPECT_EQ(desk.answers.front(), std::nullopt);
+        desk.settle();
+        EXPECT_LE(owner.requests().size(), 1U); // the question that was out already
+    }
+
     TEST(X11PasteboardReadTest, NothingElseOfASecretIsFetched)
     {
         PasteboardDesk desk;

@@ -222,8 +222,7 @@ namespace {
     {
         WorkspaceFixture f;
         f.window.setClass("keepassxc", "KeePassXC");
-        ASSERT_TRUE(f.bringToFront(f.window));
-        f.deliverEvents();
+        ASSERT_TRUE(f.whenInFront());
 
         f.window.destroy(); // of which nothing has been delivered
         f.otherProgram.sync();
@@ -324,7 +323,7 @@ namespace {
         WorkspaceFixture f;
         f.install("blackscreen", "Name=Black Screen\nCategories=System;TerminalEmulator;\n");
         f.window.setClass("x", "Blackscreen");
-        ASSERT_TRUE(f.bringToFront(f.window));
+        ASSERT_TRUE(f.whenInFront());
         EXPECT_TRUE(f.workspace.isTerminalInFront());
 
         f.window.setClass("x", "URxvt");

@@ -1,5 +1,6 @@
 #include "platform/xdg/BaseFolders.h"
 
+#include "support/SmallDisk.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -157,16 +158,35 @@ namespace {
         }
     }
 
+    /// Makes the folder another user's: root gives it away; anybody else puts a folder of root's in
+    /// its place, for this process alone. False when the system does not let us.
+    bool giveAway(const fs::path& folder)
+    {
+        return ::chown(folder.c_str(), ::getuid() + 1, static_cast<gid_t>(-1)) == 0
+            || (test::takeOwnMounts()
+                && ::mount("/root", folder.c_str(), nullptr, MS_BIND, nullptr) == 0);
+    }
+
+    /// Whether that can be done here; asked in a process of its own.
+    bool mayGiveAway()
+    {
+        const TempFolder folder;
+        return test::holdsInChild([&] { return giveAway(folder.path()); });
+    }
+
     TEST(BaseFoldersTest, ARuntimeFolderOfAnotherUserIsPassedOver)
     {
+        if (!mayGiveAway())
+            GTEST_SKIP() << "neither chown nor a mount is allowed here";
         const TempFolder session;
         const TempFolder parent;
-        if (::chown(session.path().c_str(), ::getuid() + 1, static_cast<gid_t>(-1)) != 0)
-            GTEST_SKIP() << "only root can give a folder away";
 
-        EXPECT_EQ(
-            findRuntimeFolder(sources({ { "XDG_RUNTIME_DIR", session.path() } }), parent.path()),
-            fallback(parent));
+        EXPECT_TRUE(test::holdsInChild([&] {
+            return giveAway(session.path())
+                && findRuntimeFolder(
+                       sources({ { "XDG_RUNTIME_DIR", session.path() } }), parent.path())
+                == fallback(parent);
+        }));
     }
 
     TEST(BaseFoldersTest, ALinkOrAnOpenFolderInTheFallbacksPlaceIsRefused)
@@ -184,13 +204,16 @@ namespace {
 
     TEST(BaseFoldersTest, AFallbackOfAnotherUserIsRefused)
     {
+        if (!mayGiveAway())
+            GTEST_SKIP() << "neither chown nor a mount is allowed here";
         const TempFolder parent;
         fs::create_directory(fallback(parent));
         fs::permissions(fallback(parent), fs::perms::owner_all);
-        if (::chown(fallback(parent).c_str(), ::getuid() + 1, static_cast<gid_t>(-1)) != 0)
-            GTEST_SKIP() << "only root can give a folder away";
 
-        EXPECT_EQ(findRuntimeFolder(sources({}), parent.path()), std::nullopt);
+        EXPECT_TRUE(test::holdsInChild([&] {
+            return giveAway(fallback(parent))
+                && findRuntimeFolder(sources({}), parent.path()) == std::nullopt;
+        }));
     }
 
 } // namespace

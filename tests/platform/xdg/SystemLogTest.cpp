@@ -1,10 +1,11 @@
 #include "platform/xdg/SystemLog.h"
 
+#include "support/SmallDisk.h"
+
 #include <gtest/gtest.h>
 
 #include <poll.h>
 #include <pty.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -12,7 +13,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <fstream>
 #include <functional>
 #include <string>
 
@@ -37,14 +37,7 @@ namespace {
     /// Gives this process a /dev of its own, so that the log of the machine hears nothing of it.
     bool enterPrivateDev()
     {
-        const auto user = std::to_string(::getuid());
-        if (::unshare(CLONE_NEWNS) != 0) {
-            if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-                return false;
-            std::ofstream("/proc/self/uid_map") << "0 " << user << " 1";
-        }
-        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-            && ::mount("none", "/dev", "tmpfs", 0, "size=64k") == 0;
+        return test::takeOwnMounts() && ::mount("none", "/dev", "tmpfs", 0, "size=64k") == 0;
     }
 
     int listenAsSystemLog()
