@@ -19,6 +19,8 @@
 
 #include <QApplication>
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -99,6 +101,8 @@ namespace {
             , m_instance(std::move(claim), m_loop)
         {
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
+            m_connections.push_back(
+                m_platform.keyboardLeft().connect([this] { m_app.shell().hidePanel(); }));
             m_connections.push_back(m_platform.connection().closed.connect(
                 [] { QCoreApplication::exit(EXIT_FAILURE); }));
         }
@@ -109,10 +113,11 @@ namespace {
                 return false;
             m_tray.show();
             if (!TrayItem::isAvailable())
-                m_log.line(
-                    "Korvane: there is no tray; the shortcut and korvane --show open the panel");
+                m_log.line("Korvane: there is no tray; korvane --show opens the panel");
             return true;
         }
+
+        void log(const std::string& line) { m_log.line(line); }
 
         void fulfil(Wish wish)
         {
@@ -179,8 +184,13 @@ namespace {
         InstanceClaim claim)
     {
         // The panel is placed to the pixel outside the window manager's reach, which X11 offers.
-        if (std::getenv("DISPLAY") == nullptr) {
-            say(stderr, "korvane: there is no X11 display (DISPLAY is not set)");
+        const char* const display = std::getenv("DISPLAY");
+        if (display == nullptr || !hasDisplay()) {
+            say(stderr,
+                "korvane: there is no X11 display ("
+                    + (display == nullptr ? std::string("DISPLAY is not set")
+                                          : "no X server answers at " + std::string(display))
+                    + ")");
             return EXIT_FAILURE;
         }
         ::setenv("QT_QPA_PLATFORM", "xcb", 1);
@@ -199,6 +209,9 @@ namespace {
             return EXIT_FAILURE;
         }
         Program program(folders, std::move(claim));
+        if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
+            program.log(
+                "Korvane: cannot write to " + dataFolder.string() + ", so the history is not kept");
         if (!program.launch()) {
             say(stderr,
                 "korvane: the stored shortcut is not possible; see hotkeyKeyCode and "

@@ -50,6 +50,7 @@ AppDelegate::~AppDelegate()
 {
     // The window that the panel has taken the keyboard from gets it back.
     m_shell.hidePanel();
+    m_monitor.deliverWaiting();
 }
 
 bool AppDelegate::launch()
@@ -100,6 +101,8 @@ void AppDelegate::setupStatusItem()
 void AppDelegate::connectCapture()
 {
     m_monitor.onNewClip = [this](ClipItem clip) { captured(std::move(clip)); };
+    m_monitor.deliverTogether
+        = [this](const std::function<void()>& deliver) { m_store.savingOnce(deliver); };
     m_connections.push_back(
         m_monitor.privateModeChanged.connect([this](bool) { updateStatusIcon(); }));
     m_connections.push_back(m_ports.pasteboard.ownerVanished.connect([this] {

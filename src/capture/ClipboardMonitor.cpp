@@ -11,6 +11,10 @@ namespace korvane {
 
 using namespace std::chrono_literals;
 
+namespace {
+    constexpr int filesATurn = 64;
+} // namespace
+
 ClipboardMonitor::ClipboardMonitor(
     Pasteboard& pasteboard, Workspace& workspace, Preferences& preferences, MainLoop& loop)
     : m_pasteboard(pasteboard)
@@ -133,6 +137,12 @@ void ClipboardMonitor::captureAnswered()
     }
 }
 
+void ClipboardMonitor::deliverWaiting()
+{
+    while (!m_copies.empty() && m_copies.front().isAnswered)
+        captureAnswered();
+}
+
 void ClipboardMonitor::capture(Copy& copy)
 {
     // The user may have put the application on the list while it was still answering.
@@ -149,20 +159,28 @@ void ClipboardMonitor::capture(Copy& copy)
         if (copy.files.empty() && contents->text)
             captureText(copy, std::move(*contents->text));
     }
-    captureNextFile(copy);
+    captureNextFiles(copy);
 }
 
-/// Each file is a clip of its own and each clip is saved as it comes, so that a folder full of files
-/// would hold up the panel if they all came in one turn of the loop.
-void ClipboardMonitor::captureNextFile(Copy& copy)
+/// Each file is a clip of its own. A folder full of them would hold up the panel if they all came in
+/// one turn of the loop, and hold back the next copy if each of them were saved by itself.
+void ClipboardMonitor::captureNextFiles(Copy& copy)
 {
     if (copy.files.empty())
         return;
-    auto path = std::move(copy.files.front());
-    copy.files.pop_front();
-    deliver(copy, std::move(path), ClipType::file);
-    if (m_isPrivateModeEnabled)
-        copy.files.clear();
+    const std::function<void()> deliverSome = [this, &copy] {
+        for (int left = filesATurn; left > 0 && !copy.files.empty(); --left) {
+            auto path = std::move(copy.files.front());
+            copy.files.pop_front();
+            deliver(copy, std::move(path), ClipType::file);
+            if (m_isPrivateModeEnabled)
+                copy.files.clear();
+        }
+    };
+    if (deliverTogether)
+        deliverTogether(deliverSome);
+    else
+        deliverSome();
 }
 
 void ClipboardMonitor::captureText(const Copy& copy, std::string text)

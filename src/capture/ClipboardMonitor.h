@@ -32,6 +32,10 @@ public:
     /// Receives every captured clip, in the order of the copies.
     std::function<void(ClipItem)> onNewClip;
 
+    /// Called with what delivers several files of one copy, one after the other, to `onNewClip`: who
+    /// saves each clip can save them together. None: they are delivered all the same.
+    std::function<void(const std::function<void()>& deliver)> deliverTogether;
+
     /// Looks twice a second from now on, and at once when the pasteboard tells of a change. What is
     /// on the pasteboard at this moment is not captured.
     void startMonitoring();
@@ -39,6 +43,9 @@ public:
     /// contents are asked for only when neither it nor private mode forbids that, and are judged
     /// once more when they come.
     void checkPasteboard();
+
+    /// Delivers at once what has been read and waits for its turn, before the program ends.
+    void deliverWaiting();
 
     bool isPrivateModeEnabled() const { return m_isPrivateModeEnabled; }
     /// Written to the preferences each time, also when it is what it was. What is being read is
@@ -94,7 +101,7 @@ private:
     void contentsCame(std::int64_t number, std::optional<Pasteboard::Contents> contents);
     void captureAnswered();
     void capture(Copy& copy);
-    void captureNextFile(Copy& copy);
+    void captureNextFiles(Copy& copy);
     void captureText(const Copy& copy, std::string text);
     bool isOwnWrite(const Copy& copy, std::string_view text);
     bool isRefused(const std::optional<RunningApplication>& application) const;

@@ -104,6 +104,15 @@ std::optional<ClipId> ClipStore::add(ClipItem clip)
     return id;
 }
 
+void ClipStore::savingOnce(const std::function<void()>& changes)
+{
+    m_isSavingLater = true;
+    changes();
+    m_isSavingLater = false;
+    if (std::exchange(m_hasUnsaved, false))
+        saveAndTell();
+}
+
 void ClipStore::togglePin(const ClipId& id)
 {
     const auto index = indexOf(id);
@@ -213,6 +222,10 @@ void ClipStore::save()
 
 void ClipStore::saveAndTell()
 {
+    if (m_isSavingLater) {
+        m_hasUnsaved = true;
+        return;
+    }
     save();
     clipsChanged(); // the last thing we do: a slot may destroy us
 }

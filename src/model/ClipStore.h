@@ -49,6 +49,9 @@ public:
     /// @return the clip that stands for it now: itself, or the one with the same text; none when its
     ///         file could not be written
     std::optional<ClipId> add(ClipItem clip);
+    /// Makes the changes that belong together, as the files of one copy do: they are saved once, and
+    /// told once, before this returns.
+    void savingOnce(const std::function<void()>& changes);
     void togglePin(const ClipId& id);
     /// An empty name removes the clip's name; a blank one is kept as it is.
     void rename(const ClipId& id, std::string_view name);
@@ -112,6 +115,8 @@ private:
     // Left the list, and their files are still there: these go when the list is on the disk, so that
     // a crash in between leaves nothing that the history on the disk still needs.
     std::vector<ClipItem> m_goneWithFiles;
+    bool m_isSavingLater = false;
+    bool m_hasUnsaved = false;
     mutable SearchKeys m_keys; // one for each clip; missing ones are made when they are needed
     std::optional<ClipId> m_lastUsedID;
     std::optional<TimePoint> m_lastUsedTimestamp;

@@ -7,6 +7,14 @@
 
 namespace korvane {
 
+bool hasDisplay()
+{
+    auto* const connection = xcb_connect(nullptr, nullptr);
+    const bool isThere = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isThere;
+}
+
 Platform::Platform(MainLoop& loop)
     : Platform(loop, windowsOf(toolkitConnection()))
 {
@@ -25,11 +33,14 @@ Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow
           { [this] { return m_workspace.isTerminalInFront(); },
               [this] { m_pasteboard.writePrimaryToo(); } })
     , m_outsideClicks(m_connection, m_rawInput, isOwnWindow)
-    , m_focus(m_connection, std::move(isOwnWindow))
+    , m_focus(m_connection, loop, std::move(isOwnWindow))
     , m_monitors(m_connection)
     , m_compositor(m_connection)
     , m_hotkeyPressed(m_hotkeyGrabber.pressed.connect(
-          [this] { m_lastPressTime = m_hotkeyGrabber.lastPressTime(); }))
+          [this] {
+        m_lastPressTime = m_hotkeyGrabber.lastPressTime();
+        m_focus.keyIsOurs();
+    }))
 {
 }
 

@@ -18,6 +18,9 @@
 
 namespace korvane {
 
+/// Whether there is an X server at the display that DISPLAY names.
+bool hasDisplay();
+
 /// The backends of an X11 session, made together because they share one connection. The toolkit's
 /// application object must exist.
 class Platform {
@@ -33,6 +36,7 @@ public:
     Keyboard& keyboard() { return m_keyboard; }
     OutsideClicks& outsideClicks() { return m_outsideClicks; }
     X11Monitors& monitors() { return m_monitors; }
+    Signal<>& keyboardLeft() { return m_focus.left; }
     Observable<bool>& isComposited() { return m_compositor.isRunning(); }
 
     /// Gives the keyboard to a window of ours that has been shown, and back to whom it was taken from.

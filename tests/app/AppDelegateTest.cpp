@@ -298,5 +298,23 @@ namespace {
         EXPECT_EQ(f.pasteboard.reads, 1);
     }
 
+    TEST(AppDelegateTest, FilesThatWaitForTheirTurnAreKeptWhenTheProgramEnds)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::maxClips, std::int64_t { 9999 });
+        f.launch();
+        std::string list;
+        for (int number = 0; number < 500; ++number)
+            list += "file:///tmp/" + std::to_string(number) + "\n";
+        f.pasteboard.copyFiles(list);
+        f.loop.turn();
+
+        f.app.reset();
+        f.launch();
+
+        EXPECT_EQ(f.clipCount(), 500U);
+        EXPECT_EQ(f.clipText(0), "/tmp/499");
+    }
+
 } // namespace
 } // namespace korvane

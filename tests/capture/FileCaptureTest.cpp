@@ -37,17 +37,48 @@ namespace {
         return files;
     }
 
-    TEST(FileCaptureTest, ManyFilesComeOneATurnSoThatTheLoopIsNotHeldUp)
+    TEST(FileCaptureTest, ManyFilesComeInPortionsSoThatTheLoopIsNotHeldUp)
     {
         MonitorFixture f;
         const auto [list, paths] = manyFiles(1000);
 
         f.pasteboard.copyFiles(list);
         f.loop.turn();
-        EXPECT_EQ(f.clips.size(), 1U);
+        EXPECT_EQ(f.clips.size(), 64U);
 
         f.loop.advance(1ms);
         EXPECT_EQ(f.texts(), paths);
+    }
+
+    TEST(FileCaptureTest, APortionOfFilesIsDeliveredTogether)
+    {
+        MonitorFixture f;
+        std::vector<std::size_t> portions;
+        f.monitor.deliverTogether = [&](const std::function<void()>& deliver) {
+            const auto before = f.clips.size();
+            deliver();
+            portions.push_back(f.clips.size() - before);
+        };
+
+        f.pasteboard.copyFiles(manyFiles(130).first);
+        f.loop.advance(1ms);
+
+        EXPECT_EQ(portions, (std::vector<std::size_t> { 64, 64, 2 }));
+    }
+
+    TEST(FileCaptureTest, WhatWaitsForItsTurnIsDeliveredBeforeTheEnd)
+    {
+        MonitorFixture f;
+        auto [list, expected] = manyFiles(1000);
+        expected.push_back("later");
+        f.pasteboard.copyFiles(list);
+        f.loop.turn();
+        f.pasteboard.copyText("later");
+        f.loop.turn();
+
+        f.monitor.deliverWaiting();
+
+        EXPECT_EQ(f.texts(), expected);
     }
 
     TEST(FileCaptureTest, ACopyAfterManyFilesComesAfterThemAll)

@@ -5,6 +5,7 @@ import signal
 
 from support.case import DesktopTest
 from support.editors import Mousepad
+from support.history import clip
 from support.passwords import KeePassXC
 from support.waiting import wait_for
 
@@ -59,3 +60,19 @@ class PasswordsTest(DesktopTest):
         self.assertTrue(editor.is_in_front())
         self.assertEqual(self.clipboard.get(), PASSWORD.encode())
         self.expect_not_recorded(PASSWORD)
+
+
+class IgnoredApplicationTest(DesktopTest):
+    def test_what_it_copies_while_the_panel_stands_over_it_is_not_recorded_either(self):
+        editor = Mousepad(self.desk, "text")
+        self.start_korvane([clip("one")], ignoredBundleIDs=["org.xfce.mousepad"])
+        wait_for("the ignored editor is in front", editor.is_in_front)
+        self.clipboard.set("before")
+        self.korvane.open()
+        self.clipboard.set("behind the panel")
+        self.korvane.close()
+
+        editor.end()
+        self.korvane.turn()
+        self.clipboard.set("the next copy")
+        self.history.wait_for_texts(["the next copy", "one"])

@@ -19,7 +19,7 @@ namespace {
     {
         constexpr std::array<std::pair<int, KeyCode>, 13> codes { {
             { Qt::Key_Return, keycodes::returnKey },
-            { Qt::Key_Enter, 76 },
+            { Qt::Key_Enter, keycodes::returnKey }, // the keypad's
             { Qt::Key_Tab, keycodes::tab },
             { Qt::Key_Backtab, keycodes::tab },
             { Qt::Key_Space, keycodes::space },
@@ -35,6 +35,13 @@ namespace {
         const auto* const found = std::find_if(
             codes.begin(), codes.end(), [key](const auto& entry) { return entry.first == key; });
         return found == codes.end() ? unnamedKey : found->second;
+    }
+
+    /// With Command, the key that is labelled Delete deletes like the one that the program means.
+    KeyCode keyCodeOf(const QKeyEvent& event, ModifierMask mask)
+    {
+        const bool isDelete = event.key() == Qt::Key_Delete && (mask & modifiers::command) != 0;
+        return isDelete ? keycodes::backspace : keyCodeOf(event.key());
     }
 
     ModifierMask modifiersOf(const QKeyEvent& event)
@@ -85,7 +92,7 @@ namespace {
 KeyPress keyPressFrom(const QKeyEvent& event)
 {
     const auto mask = modifiersOf(event);
-    return { .keyCode = keyCodeOf(event.key()),
+    return { .keyCode = keyCodeOf(event, mask),
         .modifiers = mask,
         .characters = charactersOf(event, mask).toStdString() };
 }

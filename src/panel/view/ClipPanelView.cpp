@@ -9,7 +9,6 @@ namespace {
     // The two ways to a context menu by the keyboard.
     constexpr KeyCode menuKey = 110;
     constexpr KeyCode f10 = 109;
-    constexpr KeyCode keypadEnter = 76;
 } // namespace
 
 ClipPanelView::ClipPanelView(
@@ -59,7 +58,6 @@ bool ClipPanelView::handleWhileRenaming(const KeyPress& press)
 {
     switch (press.keyCode) {
     case keycodes::returnKey:
-    case keypadEnter:
         m_list.submitRename();
         return true;
     case keycodes::escape:

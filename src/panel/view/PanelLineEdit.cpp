@@ -48,7 +48,8 @@ void PanelLineEdit::pasteText()
 
 void PanelLineEdit::keyPressEvent(QKeyEvent* event)
 {
-    if (event->modifiers().testFlag(Qt::MetaModifier)) {
+    // The Super key's own press carries it too, and would do so again.
+    if (event->modifiers().testFlag(Qt::MetaModifier) && event->key() != Qt::Key_Meta) {
         const auto held = (event->modifiers() & ~Qt::MetaModifier) | Qt::ControlModifier;
         QKeyEvent asCtrl(event->type(), event->key(), held, QString(), event->isAutoRepeat());
         keyPressEvent(&asCtrl);

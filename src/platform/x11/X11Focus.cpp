@@ -6,10 +6,61 @@
 
 namespace korvane {
 
-X11Focus::X11Focus(X11Connection& connection, std::function<bool(xcb_window_t)> isOwnWindow)
+namespace {
+    // No user moves the pointer over so many windows; two programs that both insist get here at once.
+    constexpr int maxReturns = 100;
+    // Window managers end to listen first and hand the keyboard over then, in the same breath.
+    constexpr std::chrono::milliseconds breath { 200 };
+} // namespace
+
+X11Focus::X11Focus(
+    X11Connection& connection, MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow)
     : m_connection(connection)
+    , m_loop(loop)
     , m_isOwnWindow(std::move(isOwnWindow))
+    , m_focusOut(connection.onEvent(XCB_FOCUS_OUT,
+          [this](
+              const auto& event) { lost(reinterpret_cast<const xcb_focus_out_event_t&>(event)); }))
+    , m_focusIn(connection.onEvent(XCB_FOCUS_IN,
+          [this](const auto& event) { got(reinterpret_cast<const xcb_focus_in_event_t&>(event)); }))
 {
+}
+
+void X11Focus::hold(xcb_window_t window)
+{
+    m_held = window;
+    m_returns = 0;
+    m_isLent = false;
+    const std::uint32_t events = XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+    m_connection.flush();
+}
+
+void X11Focus::lost(const xcb_focus_out_event_t& event)
+{
+    if (event.event != m_held)
+        return;
+    if (event.mode == XCB_NOTIFY_MODE_GRAB) {
+        m_isLent = true;
+        m_lentUntil.stop();
+        return;
+    }
+    const auto now = holder();
+    if (!now.isKnown || m_isOwnWindow(now.window))
+        return;
+    // The manager means the keyboard to be there, and there it goes when we give it up.
+    m_before = now;
+    if (!m_isLent && ++m_returns <= maxReturns
+        && give(m_held, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME))
+        return;
+    m_held = XCB_NONE;
+    left();
+}
+
+void X11Focus::got(const xcb_focus_in_event_t& event)
+{
+    if (event.event == m_held && event.mode == XCB_NOTIFY_MODE_UNGRAB)
+        m_lentUntil = m_loop.after(breath, [this] { m_isLent = false; });
 }
 
 X11Focus::Holder X11Focus::holder()
@@ -32,6 +83,7 @@ bool X11Focus::takeKeyboard(xcb_window_t window, xcb_timestamp_t time)
         m_before = before;
     if (!give(window, XCB_INPUT_FOCUS_PARENT, time))
         return false;
+    hold(window);
     if (holder().window == window)
         return true;
     // The server passes over a time before the last change of the keyboard's holder, without an
@@ -42,6 +94,7 @@ bool X11Focus::takeKeyboard(xcb_window_t window, xcb_timestamp_t time)
 void X11Focus::giveBackKeyboard()
 {
     const auto before = std::exchange(m_before, {});
+    m_held = XCB_NONE;
     const auto now = holder();
     // A hidden window of ours has left the keyboard to the root window or to nobody.
     const bool isOurs = m_isOwnWindow(now.window) || now.window == m_connection.root()

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/MainLoop.h"
+#include "model/Signal.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdint>
@@ -10,10 +13,16 @@ namespace korvane {
 class X11Connection;
 
 /// The keyboard for a window that the window manager does not know of: it is taken from the window
-/// that has it, and given back.
+/// that has it, held, and given back.
+///
+/// A window that takes the keyboard meanwhile by itself, or because the pointer crosses it where the
+/// focus follows the pointer, does not get it: whoever looks at the panel types into the panel. A
+/// user who goes to another window by a key of the window manager, which listens to the keyboard in
+/// our place as long as that key is held, is let go.
 class X11Focus {
 public:
-    X11Focus(X11Connection& connection, std::function<bool(xcb_window_t)> isOwnWindow);
+    X11Focus(
+        X11Connection& connection, MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow);
 
     /// Gives the keyboard to the window, which must be on the screen already as far as the server
     /// knows (a window that is not cannot have it). Who has it now is remembered, unless that is a
@@ -26,18 +35,36 @@ public:
     /// before our window is hidden, or right after.
     void giveBackKeyboard();
 
+    /// Who listens to the keyboard in our place now is we, for the shortcut: that is no going away.
+    void keyIsOurs() { m_isLent = false; }
+
+    /// The user has gone to another window by the keyboard. It stays there.
+    Signal<> left;
+
 private:
     struct Holder {
         xcb_window_t window = XCB_NONE; // or one of the protocol's two special numbers
         bool isKnown = false;
     };
 
+    void hold(xcb_window_t window);
+    void lost(const xcb_focus_out_event_t& event);
+    void got(const xcb_focus_in_event_t& event);
     Holder holder();
     bool give(xcb_window_t window, std::uint8_t revertTo, xcb_timestamp_t time);
 
     X11Connection& m_connection;
+    MainLoop& m_loop;
     std::function<bool(xcb_window_t)> m_isOwnWindow;
     Holder m_before;
+    xcb_window_t m_held = XCB_NONE;
+    /// How often it was taken back from others since then.
+    int m_returns = 0;
+    /// Somebody listens to the keyboard in our place, or did so just now.
+    bool m_isLent = false;
+    Timer m_lentUntil;
+    Connection m_focusOut;
+    Connection m_focusIn;
 };
 
 } // namespace korvane

@@ -82,9 +82,13 @@ void X11Workspace::watch()
 
 void X11Workspace::activeWindowChanged()
 {
-    m_front.reset();
     const auto window
         = readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW);
+    // A panel that has taken the keyboard unknown to the manager, which then says that nothing is
+    // active, leaves the application behind it the one that the user works in.
+    if (window == XCB_NONE && haveKeyboard())
+        return;
+    m_front.reset();
     if (window == XCB_NONE || m_isOwnWindow(window))
         return;
     // Asked for before its properties are read, so that its end cannot fall in between.
@@ -92,6 +96,13 @@ void X11Workspace::activeWindowChanged()
     xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
     if (auto hints = readWindowHints(m_connection, window))
         m_front = Front { window, std::move(*hints) };
+}
+
+bool X11Workspace::haveKeyboard()
+{
+    const auto focus
+        = m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.get()));
+    return focus && m_isOwnWindow(focus->focus);
 }
 
 const X11Workspace::Front* X11Workspace::front()

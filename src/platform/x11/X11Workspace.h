@@ -40,6 +40,7 @@ private:
 
     void watch();
     void activeWindowChanged();
+    bool haveKeyboard();
     /// What is in front as far as the events have been delivered; none: nothing, or we are.
     const Front* front();
 

@@ -32,7 +32,8 @@ namespace {
 
     TEST(KeyEventsTest, TheNumberPadsEnterIsNotReturn)
     {
-        EXPECT_EQ(pressed(Qt::Key_Enter, Qt::KeypadModifier).keyCode, 76U);
+        EXPECT_EQ(pressed(Qt::Key_Enter, Qt::KeypadModifier).keyCode, 36U);
+        EXPECT_EQ(pressed(Qt::Key_Down, Qt::KeypadModifier).keyCode, 125U);
     }
 
     TEST(KeyEventsTest, ALetterKeyHasNoneOfTheCodesThatMeanSomething)
@@ -72,6 +73,14 @@ namespace {
         EXPECT_EQ(
             pressed(Qt::Key_Ampersand, Qt::NoModifier, QStringLiteral("&"), 10).characters, "&");
         EXPECT_EQ(pressed(Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b")).characters, "");
+    }
+
+    TEST(KeyEventsTest, WithCommandTheDeleteKeyIsTheOneThatDeletes)
+    {
+        EXPECT_EQ(pressed(Qt::Key_Delete, ctrl).keyCode, keycodes::backspace);
+        EXPECT_EQ(pressed(Qt::Key_Delete, Qt::MetaModifier).keyCode, keycodes::backspace);
+        EXPECT_EQ(pressed(Qt::Key_Backspace, ctrl).keyCode, keycodes::backspace);
+        EXPECT_EQ(pressed(Qt::Key_Delete, Qt::NoModifier).keyCode, unnamedKey);
     }
 
     TEST(KeyEventsTest, TheTopRowGivesNoDigitsWhileShiftIsHeld)

@@ -66,14 +66,18 @@ namespace {
         }
     }
 
-    TEST(TrayItemTest, MoreThan999ClipsAreShownAs999)
+    TEST(TrayItemTest, FromAThousandClipsOnTheFullThousandsAreShown)
     {
         Symbols symbols;
 
-        const auto most = shown(trayIcon(symbols, "doc.on.clipboard", 999), 44);
+        const auto with = [&symbols](int count) {
+            return shown(trayIcon(symbols, "doc.on.clipboard", count), 44);
+        };
 
-        EXPECT_EQ(shown(trayIcon(symbols, "doc.on.clipboard", 9999), 44), most);
-        EXPECT_NE(shown(trayIcon(symbols, "doc.on.clipboard", 998), 44), most);
+        EXPECT_NE(with(999), with(998));
+        EXPECT_NE(with(1000), with(999));
+        EXPECT_EQ(with(1999), with(1000));
+        EXPECT_NE(with(9999), with(1000));
     }
 
     TEST(TrayItemTest, PrivateModeHasAnotherIcon)

@@ -14,8 +14,8 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(self.desk.close)
         self.keys, self.screen, self.clipboard = self.desk.keys, self.desk.screen, self.desk.clipboard
 
-    def start_korvane(self, clips=(), **preferences):
-        self.korvane = Korvane(self.desk, clips, **preferences)
+    def start_korvane(self, clips=(), **options):
+        self.korvane = Korvane(self.desk, clips, **options)
         self.history = self.korvane.history
         return self.korvane
 

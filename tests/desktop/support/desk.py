@@ -48,9 +48,22 @@ class Desk:
                 os.kill(process[0], signal.SIGKILL)
         wait_for("no window of the test is left", lambda: not self.clients() - self.clients_before)
 
+    def server(self):
+        """The process of the X server."""
+        return next(process for process in map(int, filter(str.isdigit, os.listdir("/proc")))
+                    if name_of(process) == "Xvfb" and self.is_of_this_desktop(process))
+
     def is_of_this_desktop(self, process):
         mark = f"X11_DESKTOP_RUN={os.environ['X11_DESKTOP_RUN']}".encode()
         try:
             return mark in pathlib.Path(f"/proc/{process}/environ").read_bytes().split(b"\0")
         except OSError:
             return False
+
+
+def name_of(process):
+    """The name of a process's program; empty when it has gone."""
+    try:
+        return pathlib.Path(f"/proc/{process}/comm").read_text().strip()
+    except OSError:
+        return ""

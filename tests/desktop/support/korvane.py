@@ -13,8 +13,11 @@ APPLICATION = "com.VNT.Korvane"
 
 
 class Korvane:
-    def __init__(self, desk, clips=(), **preferences):
+    def __init__(self, desk, clips=(), stderr=None, starts=True, **preferences):
+        """`stderr`: a descriptor that takes what it says, instead of the log. `starts`: otherwise only
+        its folders are made."""
         self.desk = desk
+        self.stderr = stderr
         self.home = desk.folder / "korvane-home"
         self.environment = {**os.environ, "HOME": str(self.home), "XDG_DATA_HOME": str(self.home / "data"),
                             "XDG_CONFIG_HOME": str(self.home / "config"), "XDG_RUNTIME_DIR": str(self.home / "run")}
@@ -27,12 +30,14 @@ class Korvane:
             self.set_preferences(**preferences)
         self.process = None
         desk.programs.append(self)
-        self.start()
+        if starts:
+            self.start()
 
     def start(self):
         """Starts it and waits until it is ready: its panel, the last thing that it makes, is there."""
         with open(self.desk.folder / "korvane.log", "ab") as log:
-            self.process = subprocess.Popen([PROGRAM], env=self.environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+            self.process = subprocess.Popen([PROGRAM], env=self.environment, stdin=subprocess.DEVNULL, stdout=log,
+                                            stderr=log if self.stderr is None else self.stderr)
         wait_for(lambda: f"Korvane is ready; it says {self.log()!r}", lambda: self.is_running() and self.panel())
 
     def log(self):

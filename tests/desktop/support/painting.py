@@ -1,7 +1,9 @@
 """When a window is painted, by the clock of the server."""
 
+import struct
+
 from Xlib.display import Display
-from Xlib.ext import damage
+from Xlib.ext import damage, ge, xinput
 
 from support.waiting import wait_for
 
@@ -10,27 +12,45 @@ LEAST = 4000
 
 
 class Painting:
-    """Watches one window (DAMAGE extension) on a connection of its own."""
+    """Watches one window (DAMAGE extension), and all keys (XInput 2), on a connection of its own."""
 
     def __init__(self, window):
         self.display = Display()
         self.display.damage_query_version()
         self.code = self.display.extension_event.DamageNotify
         self.display.create_resource_object("window", window.id).damage_create(damage.DamageReportRawRectangles)
+        self.display.xinput_query_version()
+        self.display.screen().root.xinput_select_events([(xinput.AllMasterDevices, xinput.RawKeyPressMask)])
         self.display.sync()
 
     def close(self):
         self.display.close()
 
-    def first_after(self, began):
-        """How many milliseconds after `began` (CLOCK_MONOTONIC) more than a text cursor was painted."""
-        painted = wait_for("the window is painted", lambda: self.next_after(began))
-        return painted - began
+    def after_key(self, press):
+        """Has a key pressed; how many milliseconds later more than a text cursor is painted. Both moments
+        are told by the server, whatever else keeps this process busy."""
+        self.drop_events()
+        press()
+        pressed = wait_for("the key is pressed", lambda: self.next_event(self.time_of_key))
+        return wait_for("the window is painted", lambda: self.next_event(self.time_of_painting)) - pressed
 
-    def next_after(self, began):
+    def drop_events(self):
+        self.display.sync()
         while self.display.pending_events():
-            event = self.display.next_event()
-            # The server counts whole milliseconds.
-            if event.type == self.code and event.timestamp >= int(began) and event.area.width * event.area.height > LEAST:
-                return event.timestamp
+            self.display.next_event()
+
+    def next_event(self, time_of):
+        while self.display.pending_events():
+            if time := time_of(self.display.next_event()):
+                return time
         return None
+
+    def time_of_key(self, event):
+        if event.type == ge.GenericEventCode and event.evtype == xinput.RawKeyPress:
+            # The device's number, then the time.
+            return struct.unpack_from("=HI", event.data)[1]
+        return None
+
+    def time_of_painting(self, event):
+        is_painting = event.type == self.code and event.area.width * event.area.height > LEAST
+        return event.timestamp if is_painting else None

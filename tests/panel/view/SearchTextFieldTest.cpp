@@ -163,6 +163,7 @@ namespace {
         auto& field = f.search.field();
         test::typeText(field, QStringLiteral("abc"));
 
+        test::typeKey(field, Qt::Key_Meta);
         test::typeKey(field, Qt::Key_A, Qt::MetaModifier, QStringLiteral("a"));
         EXPECT_EQ(field.selectedText(), QStringLiteral("abc"));
         test::typeKey(field, Qt::Key_V, Qt::MetaModifier, QStringLiteral("v"));

@@ -7,7 +7,9 @@
 /// The views are tested without a display, and look the same on every machine.
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A test may ask for other screens than the one that there is without a display.
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     korvane::Observable<bool> systemIsDark { false };

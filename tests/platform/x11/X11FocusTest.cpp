@@ -16,7 +16,26 @@ namespace {
         TestClient toolkit; // the connection that our windows are made on
         TestWindow panel { toolkit, TestWindow::Kind::overrideRedirect };
         TestWindow editor { otherProgram };
-        X11Focus focus { connection, windowsOf(toolkit.get()) };
+        X11Focus focus { connection, loop, windowsOf(toolkit.get()) };
+
+        /// Gives the keyboard to the window as window managers do while their key for it is held.
+        void goByKeyTo(const TestWindow& window)
+        {
+            const X11Reply<xcb_grab_keyboard_reply_t> grab(
+                xcb_grab_keyboard_reply(otherProgram.get(),
+                    xcb_grab_keyboard(otherProgram.get(), 0, otherProgram.root(), XCB_CURRENT_TIME,
+                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                    nullptr));
+            EXPECT_TRUE(grab && grab->status == XCB_GRAB_STATUS_SUCCESS);
+            deliverEvents();
+            xcb_set_input_focus(
+                otherProgram.get(), XCB_INPUT_FOCUS_PARENT, window.id(), XCB_CURRENT_TIME);
+            otherProgram.sync();
+            deliverEvents();
+            xcb_ungrab_keyboard(otherProgram.get(), XCB_CURRENT_TIME);
+            otherProgram.sync();
+            deliverEvents();
+        }
     };
 
     TEST(X11FocusTest, AWindowThatTheManagerDoesNotKnowGetsTheKeyboard)
@@ -63,6 +82,92 @@ namespace {
         EXPECT_TRUE(f.editor.hasKeyboard());
     }
 
+    TEST(X11FocusTest, WhatAnotherWindowTakesByItselfIsTakenBack)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        int left = 0;
+        const auto listening = f.focus.left.connect([&left] { ++left; });
+
+        for (int time = 0; time < 3; ++time) {
+            xcb_set_input_focus(
+                f.otherProgram.get(), XCB_INPUT_FOCUS_PARENT, f.editor.id(), XCB_CURRENT_TIME);
+            f.otherProgram.sync();
+            f.deliverEvents();
+            EXPECT_TRUE(f.panel.hasKeyboard());
+        }
+
+        EXPECT_EQ(left, 0);
+        f.focus.giveBackKeyboard();
+        EXPECT_TRUE(f.editor.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, ItIsGivenBackToTheWindowThatTheManagerMeantToHaveItLast)
+    {
+        FocusFixture f;
+        TestWindow other(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(other));
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+
+        // As a manager does whose focus follows the pointer.
+        xcb_set_input_focus(
+            f.otherProgram.get(), XCB_INPUT_FOCUS_PARENT, other.id(), XCB_CURRENT_TIME);
+        f.otherProgram.sync();
+        f.deliverEvents();
+        EXPECT_TRUE(f.panel.hasKeyboard());
+        f.focus.giveBackKeyboard();
+
+        EXPECT_TRUE(other.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, AUserWhoGoesToAnotherWindowByAKeyIsLetGo)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        int left = 0;
+        const auto listening = f.focus.left.connect([&left] { ++left; });
+
+        f.goByKeyTo(f.editor);
+
+        EXPECT_EQ(left, 1);
+        EXPECT_TRUE(waitUntil([&] { return f.editor.hasKeyboard(); }));
+    }
+
+    TEST(X11FocusTest, AKeyboardGivenBackIsNotTakenAgain)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+
+        f.focus.giveBackKeyboard();
+        f.deliverEvents();
+
+        EXPECT_TRUE(f.editor.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, AnotherWindowOfOursMayHaveIt)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        TestWindow alert(f.toolkit, TestWindow::Kind::overrideRedirect);
+        alert.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+
+        xcb_set_input_focus(f.toolkit.get(), XCB_INPUT_FOCUS_PARENT, alert.id(), XCB_CURRENT_TIME);
+        f.toolkit.sync();
+        f.deliverEvents();
+
+        EXPECT_TRUE(alert.hasKeyboard());
+    }
+
     TEST(X11FocusTest, TakingItTwiceForgetsNothing)
     {
         FocusFixture f;
@@ -93,14 +198,15 @@ namespace {
     {
         FocusFixture f;
         TestWindow other(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(other));
         ASSERT_TRUE(f.bringToFront(f.editor));
         f.panel.map();
         ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
-        ASSERT_TRUE(f.bringToFront(other));
+        f.goByKeyTo(other);
 
         f.focus.giveBackKeyboard();
 
-        EXPECT_TRUE(other.hasKeyboard());
+        EXPECT_TRUE(waitUntil([&] { return other.hasKeyboard(); }));
     }
 
     TEST(X11FocusTest, WhenTheHolderIsGoneThePanelDoesNotKeepIt)

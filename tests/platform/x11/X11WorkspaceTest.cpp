@@ -172,6 +172,25 @@ namespace {
         EXPECT_EQ(f.workspace.frontmost(), std::nullopt);
     }
 
+    TEST(X11WorkspaceTest, TheApplicationBehindOurPanelStaysTheOneInFront)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("keepassxc", "KeePassXC");
+        ASSERT_TRUE(f.whenInFront());
+        TestWindow panel(f.toolkit, TestWindow::Kind::overrideRedirect);
+        panel.map();
+        xcb_set_input_focus(f.toolkit.get(), XCB_INPUT_FOCUS_PARENT, panel.id(), XCB_CURRENT_TIME);
+        f.toolkit.sync();
+        ASSERT_TRUE(waitUntil([&] { return panel.hasKeyboard(); }));
+
+        f.setActive(XCB_NONE); // what managers say that do not know the panel
+        f.deliverEvents();
+
+        ASSERT_TRUE(f.workspace.frontmost());
+        EXPECT_EQ(f.workspace.frontmost()->window, f.window.id());
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "org.keepassx.keepassxc");
+    }
+
     TEST(X11WorkspaceTest, AnActiveWindowThatHasVanishedIsNone)
     {
         WorkspaceFixture f;

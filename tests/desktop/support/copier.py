@@ -1,0 +1,69 @@
+#!/usr/bin/python3
+"""Copies quickly: `copier.py COUNT MILLISECONDS WORD PID…` takes the clipboard anew COUNT times, with the
+texts "WORD 0", "WORD 1" and so on, and gives each to whoever asks while it is there. Between two copies
+lie the milliseconds, and as much more as the processes have meanwhile waited for the processor: others on
+the machine do not make the pace any faster for them. At the end it prints the average without that, and
+serves the last text until it is ended."""
+
+import pathlib
+import select
+import sys
+import time
+
+from Xlib import X, Xatom, display
+from Xlib.protocol import event
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from support.processor import ProcessorWaits
+
+
+class Copier:
+    def __init__(self, processes):
+        self.waits = ProcessorWaits(*processes)
+        self.display = display.Display()
+        self.window = self.display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        self.selection, self.targets, self.utf8 = map(self.display.get_atom, ("CLIPBOARD", "TARGETS", "UTF8_STRING"))
+        self.text = b""
+
+    def now(self):
+        """Milliseconds of which the others had their share."""
+        return time.monotonic() * 1000 - self.waits.total()
+
+    def copy(self, text):
+        self.text = text.encode()
+        self.window.set_selection_owner(self.selection, X.CurrentTime)
+        self.display.flush()
+
+    def serve_until(self, deadline):
+        while (left := deadline - self.now()) > 0:
+            while self.display.pending_events():
+                happened = self.display.next_event()
+                if happened.type == X.SelectionRequest:
+                    self.answer(happened)
+            select.select([self.display.fileno()], [], [], min(left / 1000, 1))
+
+    def answer(self, request):
+        place = request.property or request.target
+        if request.target == self.targets:
+            request.requestor.change_property(place, Xatom.ATOM, 32, [self.targets, self.utf8])
+        elif request.target == self.utf8:
+            request.requestor.change_property(place, self.utf8, 8, self.text)
+        else:
+            place = X.NONE
+        request.requestor.send_event(event.SelectionNotify(
+            time=request.time, requestor=request.requestor, selection=request.selection, target=request.target, property=place))
+        self.display.flush()
+
+
+def main(count, gap, word, *processes):
+    copier = Copier(processes)
+    began = copier.now()
+    for number in range(int(count)):
+        copied = copier.now()
+        copier.copy(f"{word} {number}")
+        copier.serve_until(copied + float(gap))
+    print((copier.now() - began) / int(count), flush=True)
+    copier.serve_until(float("inf"))
+
+
+main(*sys.argv[1:])
