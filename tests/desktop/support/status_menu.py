@@ -12,7 +12,7 @@ WATCHER = "org.kde.StatusNotifierWatcher"
 def call(destination, path, method, *arguments):
     """The answer in GVariant's text form; None when there is none."""
     answer = subprocess.run(["gdbus", "call", "--session", "--dest", destination, "--object-path", path, "--method", method,
-                             *arguments], capture_output=True, text=True, check=False, timeout=20)
+                             "--", *arguments], capture_output=True, text=True, check=False, timeout=20)
     return answer.stdout if answer.returncode == 0 else None
 
 

@@ -1,0 +1,47 @@
+"""What is painted of the panel, by its pixels: a window is on the screen before it shows anything."""
+
+import collections
+
+from support.waiting import wait_for
+
+# The panel's ground, its text and the ground of the selected row, as (red, green, blue).
+LIGHT = {"ground": (251, 251, 250), "text": (29, 31, 33), "selection": (220, 238, 231)}
+DARK = {"ground": (33, 35, 38), "text": (236, 238, 239), "selection": (32, 67, 58)}
+# The letters of one row are more than this, and so is a line of pixels across the selected row.
+FEW = 150
+
+
+class PaintedPanel:
+    """The panel's place on the screen, and how it looks there.
+
+    `tolerance` is how far each part of a colour may be off: little where the panel is opaque, for
+    the white of a window behind it is not its ground; more where a compositor lets that through."""
+
+    def __init__(self, screen, box, colours=LIGHT, tolerance=2):
+        self.screen, self.box, self.colours, self.tolerance = screen, box, colours, tolerance
+
+    def is_painted(self):
+        """Most of it is ground or selected row, and there are letters on it."""
+        rows = self.screen.pixels(self.box)
+        plain = self.count(rows, "ground") + self.count(rows, "selection")
+        return plain > self.box.width * self.box.height / 2 and self.count(rows, "text") > FEW
+
+    def wait_until_painted(self):
+        wait_for("the panel is painted", self.is_painted)
+
+    def selected_row(self):
+        """The middle of the row that is painted as the selected one, in pixels from the panel's top."""
+        rows = enumerate(self.screen.pixels(self.box))
+        lines = [number for number, row in rows if self.count([row], "selection") > FEW]
+        return (lines[0] + lines[-1]) / 2 if lines else None
+
+    def count(self, rows, name):
+        """How many pixels have the colour of this name."""
+        found = collections.Counter()
+        for row in rows:
+            found.update(memoryview(row).cast("I"))
+        return sum(number for pixel, number in found.items() if self.is_about(pixel, name))
+
+    def is_about(self, pixel, name):
+        parts = (pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255)
+        return all(abs(part - wanted) <= self.tolerance for part, wanted in zip(parts, self.colours[name]))
