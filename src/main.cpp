@@ -22,6 +22,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -180,6 +181,20 @@ namespace {
         std::vector<Connection> m_connections;
     };
 
+    /// From its end on, the process has one second left: the toolkit then offers a text of ours on the
+    /// clipboard to the desktop's clipboard manager, and would wait five seconds for one that hangs.
+    /// Everything of ours is on the disk by then.
+    struct FarewellLimit {
+        FarewellLimit() = default;
+        FarewellLimit(const FarewellLimit&) = delete;
+        FarewellLimit& operator=(const FarewellLimit&) = delete;
+        ~FarewellLimit()
+        {
+            std::signal(SIGALRM, [](int) { ::_exit(EXIT_SUCCESS); });
+            ::alarm(1);
+        }
+    };
+
     int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders,
         InstanceClaim claim)
     {
@@ -208,6 +223,8 @@ namespace {
             say(stderr, "korvane: another Korvane uses the history in " + dataFolder.string());
             return EXIT_FAILURE;
         }
+        // Ends after the program and before the toolkit.
+        const FarewellLimit farewell;
         Program program(folders, std::move(claim));
         if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
             program.log(

@@ -56,8 +56,12 @@ ClipStore::ClipStore(
     m_keys.reset(m_clips.size());
     makeKeysSoon();
     // Nothing is evicted here: who saves a file has confirmed nothing yet.
-    m_preferencesChanged
-        = m_preferences.changed.connect([this] { followPreferences(m_preferences, m_limits); });
+    m_preferencesChanged = m_preferences.changed.connect([this] {
+        const auto before = m_limits;
+        followPreferences(m_preferences, m_limits);
+        if (m_limits != before)
+            limitsChanged();
+    });
 }
 
 ClipStore::~ClipStore() = default;
@@ -170,24 +174,29 @@ void ClipStore::clearUnpinned()
 
 void ClipStore::setMaxClips(int count)
 {
-    m_preferences.set(keys::maxClips, std::int64_t { count });
-    m_limits.maxClips = count;
+    setLimit(m_limits.maxClips, keys::maxClips, count);
     enforceLimits();
     saveAndTell();
 }
 
 void ClipStore::setMaxClipSizeKB(int kilobytes)
 {
-    m_preferences.set(keys::maxClipSizeKB, std::int64_t { kilobytes });
-    m_limits.maxClipSizeKB = kilobytes;
+    setLimit(m_limits.maxClipSizeKB, keys::maxClipSizeKB, kilobytes);
 }
 
 void ClipStore::setMaxTotalSizeMB(int megabytes)
 {
-    m_preferences.set(keys::maxTotalSizeMB, std::int64_t { megabytes });
-    m_limits.maxTotalSizeMB = megabytes;
+    setLimit(m_limits.maxTotalSizeMB, keys::maxTotalSizeMB, megabytes);
     enforceLimits();
     saveAndTell();
+}
+
+void ClipStore::setLimit(int& limit, std::string_view key, int value)
+{
+    const bool hasChanged = std::exchange(limit, value) != value;
+    m_preferences.set(key, std::int64_t { value });
+    if (hasChanged)
+        limitsChanged();
 }
 
 void ClipStore::enforceLimits()

@@ -92,9 +92,12 @@ public:
 
     /// The list has changed and the file agrees with it; once for each operation.
     Signal<> clipsChanged;
+    /// A limit has changed, here or in the preferences.
+    Signal<> limitsChanged;
 
 private:
     void save();
+    void setLimit(int& limit, std::string_view key, int value);
     void saveAndTell();
     void removeFilesOfGone();
     void insertFirst(ClipItem clip);

@@ -18,6 +18,8 @@ struct Limits {
     int maxClipSizeKB = 64;
     /// Most MiB (1,048,576 bytes) kept.
     int maxTotalSizeMB = 500;
+
+    friend bool operator==(const Limits&, const Limits&) = default;
 };
 
 /// Reads the limits, with the defaults above for what is absent, wrong or below 1. A size limit that

@@ -47,13 +47,19 @@ bool PanelController::handle(const KeyPress& press)
 
 void PanelController::prepareToOpen(std::optional<std::string_view> clipboardText)
 {
-    m_store.panel().panelSearch.set({});
-    selectAtOpening(clipboardText);
+    auto& panel = m_store.panel();
+    panel.panelSearch.set({});
+    const auto displayed = m_store.filteredClips();
+    select(m_store, displayed, clipboardText ? indexOfText(displayed, *clipboardText) : 0);
+    panel.panelOpenCount.set(panel.panelOpenCount.value() + 1);
 }
 
 void PanelController::selectText(std::string_view text)
 {
-    selectAtOpening(text);
+    const auto displayed = m_store.filteredClips();
+    m_store.panel().scrollsToSelection = false;
+    select(m_store, displayed, indexOfText(displayed, text));
+    m_store.panel().scrollsToSelection = true;
 }
 
 void PanelController::click(const ClipId& id)
@@ -200,14 +206,6 @@ bool PanelController::perform(panelcommands::TogglePin)
     if (const auto& selected = m_store.panel().selectedClipID.value())
         m_store.togglePin(*selected);
     return true;
-}
-
-void PanelController::selectAtOpening(std::optional<std::string_view> clipboardText)
-{
-    const auto displayed = m_store.filteredClips();
-    select(m_store, displayed, clipboardText ? indexOfText(displayed, *clipboardText) : 0);
-    auto& count = m_store.panel().panelOpenCount;
-    count.set(count.value() + 1);
 }
 
 void PanelController::deleteSelected()

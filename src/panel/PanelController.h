@@ -38,7 +38,7 @@ public:
     void prepareToOpen(std::optional<std::string_view> clipboardText);
 
     /// The late end of an opening, when the text on the clipboard had to be fetched: selects the
-    /// displayed clip with this text, or else the first one. The list stands at its top again.
+    /// displayed clip with this text, or else the first one. The list stays as it stands.
     void selectText(std::string_view text);
 
     /// A click on a row: selects the clip, puts it on the clipboard (or reveals its file) and
@@ -74,7 +74,6 @@ private:
     bool perform(panelcommands::MoveSelection command);
     bool perform(panelcommands::TogglePin command);
 
-    void selectAtOpening(std::optional<std::string_view> clipboardText);
     void deleteSelected();
     void keepSelectionDisplayed();
     void withClip(const std::optional<ClipId>& id, const std::function<void(const ClipItem&)>& act);

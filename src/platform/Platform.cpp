@@ -36,8 +36,7 @@ Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow
     , m_focus(m_connection, loop, std::move(isOwnWindow))
     , m_monitors(m_connection)
     , m_compositor(m_connection)
-    , m_hotkeyPressed(m_hotkeyGrabber.pressed.connect(
-          [this] {
+    , m_hotkeyPressed(m_hotkeyGrabber.pressed.connect([this] {
         m_lastPressTime = m_hotkeyGrabber.lastPressTime();
         m_focus.keyIsOurs();
     }))

@@ -43,20 +43,40 @@ namespace {
         EXPECT_EQ(f.statusItem.title, " 0");
         f.copy("one");
         EXPECT_EQ(f.statusItem.title, " 1");
+    }
+
+    TEST(AppDelegateTest, SwitchingTheCountOffEmptiesTheTitleAtOnce)
+    {
+        test::AppFixture f;
+        f.preferences.set(keys::showCountInMenuBar, true);
+        f.launch();
+        f.copy("one");
+        EXPECT_EQ(f.statusItem.title, " 1");
+
         f.preferences.set(keys::showCountInMenuBar, false);
+
         EXPECT_EQ(f.statusItem.title, "");
     }
 
     TEST(AppDelegateTest, TheThemeIsAppliedAtTheStartAndWithEachChange)
     {
         test::AppFixture f;
+        f.preferences.set(keys::theme, std::string("light"));
         f.launch();
 
         f.preferences.set(keys::theme, std::string("dark"));
+
+        EXPECT_EQ(f.appearance.applied, (std::vector { Theme::light, Theme::dark }));
+    }
+
+    TEST(AppDelegateTest, AnUnknownThemeBehavesAsAuto)
+    {
+        test::AppFixture f;
         f.preferences.set(keys::theme, std::string("Dark"));
 
-        EXPECT_EQ(f.appearance.applied,
-            (std::vector { Theme::automatic, Theme::dark, Theme::automatic }));
+        f.launch();
+
+        EXPECT_EQ(f.appearance.applied, std::vector { Theme::automatic });
     }
 
     TEST(AppDelegateTest, TheIconTellsOfPrivateModeOnlyOnceItIsSwitched)

@@ -163,6 +163,18 @@ namespace {
         EXPECT_EQ(f.pasteboard.contents()->text, std::string(4096, 'x'));
     }
 
+    TEST(PasterTest, AClickOnALargeClipWhoseFileIsGoneCopiesItsStoredTextAndClosesThePanel)
+    {
+        LargeClipFixture f;
+        std::filesystem::remove(*f.app->clipStore().clips()[0].overflowPath);
+        f.openPanel();
+
+        f.panelController->click(f.app->clipStore().clips()[0].id);
+
+        EXPECT_EQ(f.pasteboard.contents()->text, std::string(4096, 'x'));
+        EXPECT_FALSE(f.panel->isShown);
+    }
+
     TEST(PasterTest, MovingOntoAnOverflowClipLeavesThePasteboardAlone)
     {
         LargeClipFixture f;
@@ -235,6 +247,8 @@ namespace {
         EXPECT_EQ(f.pasteboard.contents()->text, "older");
         EXPECT_TRUE(f.panel->isShown);
         EXPECT_EQ(f.clipCount(), 2U);
+        // What is only copied has not been used yet.
+        EXPECT_EQ(f.app->clipStore().clips()[1].useCount, 0);
     }
 
     TEST(PasterTest, ALargeClipsOwnFileIsRevealed)

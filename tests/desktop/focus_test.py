@@ -34,11 +34,6 @@ class FocusTest(DesktopTest):
     def test_going_to_another_window_by_a_key_closes_the_panel(self):
         # Out of the way of a focus that follows the pointer.
         self.keys.point(self.screen.box(self.behind.window).x + 40, self.screen.box(self.behind.window).bottom - 40)
-        self.keys.hold("Alt_L")
-        self.keys.press("Tab")
-        wait_for("the manager listens to the keyboard, or has done its work",
-                 lambda: self.keys.are_grabbed() or not self.korvane.is_open())
-        self.keys.let_go("Alt_L")
-        self.korvane.wait_until_closed()
+        self.keys.press_until("the panel is closed", ["Alt_L", "Tab"], lambda: not self.korvane.is_open())
         wait_for("an editor has the keyboard",
                  lambda: any(self.screen.has_keyboard(editor.window) for editor in (self.behind, self.front)))

@@ -4,7 +4,7 @@ import os
 import signal
 
 from support.case import DesktopTest
-from support.editors import Mousepad
+from support.editors import FeatherPad, Mousepad
 from support.history import clip
 from support.passwords import KeePassXC
 from support.waiting import wait_for
@@ -74,5 +74,20 @@ class IgnoredApplicationTest(DesktopTest):
 
         editor.end()
         self.korvane.turn()
+        self.clipboard.set("the next copy")
+        self.history.wait_for_texts(["the next copy", "one"])
+
+    def test_what_it_copies_while_korvane_is_held_up_is_not_recorded_when_the_user_goes_on(self):
+        ignored, editor = Mousepad(self.desk, "text"), FeatherPad(self.desk, "text")
+        self.start_korvane([clip("one")], ignoredBundleIDs=["org.xfce.mousepad"])
+        self.korvane.turn()
+        wait_for("the editor is in front", editor.is_in_front)
+        os.kill(self.korvane.process.pid, signal.SIGSTOP)
+        self.screen.activate(ignored.window)
+        self.clipboard.set("a secret")
+        self.screen.activate(editor.window)
+        os.kill(self.korvane.process.pid, signal.SIGCONT)
+        self.korvane.turn()
+
         self.clipboard.set("the next copy")
         self.history.wait_for_texts(["the next copy", "one"])

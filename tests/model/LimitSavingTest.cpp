@@ -14,7 +14,7 @@ namespace {
     using test::StoreFixture;
     using Texts = std::vector<std::string>;
 
-    constexpr std::size_t mebibyte = 1024 * 1024;
+    constexpr std::size_t mebibyte = 1024UL * 1024;
 
     /// Which file lies there, and since when: a save puts a new one in its place.
     struct FileMark {

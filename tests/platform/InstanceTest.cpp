@@ -2,6 +2,7 @@
 
 #include "platform/UnixSocket.h"
 #include "support/PollLoop.h"
+#include "support/Process.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -32,79 +33,11 @@ namespace {
 
     using namespace std::chrono_literals;
     using Outcome = InstanceStart::Outcome;
+    using test::Bell;
+    using test::modeOf;
     using test::PollLoop;
+    using test::Process;
     using test::TempFolder;
-
-    mode_t modeOf(const std::filesystem::path& path)
-    {
-        struct stat status { };
-        return ::lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-    }
-
-    /// Another process. It is ended with us, if it has not ended by itself.
-    class Process {
-    public:
-        /// @param body  what it does; it returns the exit status
-        explicit Process(const std::function<int()>& body)
-            : m_id(::fork())
-        {
-            if (m_id == 0)
-                ::_exit(body());
-        }
-        ~Process()
-        {
-            if (m_id > 0) {
-                ::kill(m_id, SIGKILL);
-                ::waitpid(m_id, nullptr, 0);
-            }
-        }
-        Process(const Process&) = delete;
-        Process& operator=(const Process&) = delete;
-
-        void signal(int number) const { ::kill(m_id, number); }
-        /// Comes back when the kernel says that it stands still.
-        void stop() const
-        {
-            signal(SIGSTOP);
-            int status = 0;
-            ::waitpid(m_id, &status, WUNTRACED);
-            ASSERT_TRUE(WIFSTOPPED(status));
-        }
-        /// Its exit status; -1 when it was killed.
-        int wait()
-        {
-            int status = 0;
-            ::waitpid(std::exchange(m_id, 0), &status, 0);
-            return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        }
-
-    private:
-        pid_t m_id;
-    };
-
-    /// A word from one process to another that something is ready.
-    class Bell {
-    public:
-        Bell() { EXPECT_EQ(::pipe2(m_ends.data(), O_CLOEXEC), 0); }
-        ~Bell()
-        {
-            for (const auto end : m_ends)
-                ::close(end);
-        }
-        Bell(const Bell&) = delete;
-        Bell& operator=(const Bell&) = delete;
-
-        void ring() const { EXPECT_EQ(::write(m_ends[1], "!", 1), 1); }
-        bool wait() const
-        {
-            pollfd entry { m_ends[0], POLLIN, 0 };
-            char rung = 0;
-            return ::poll(&entry, 1, 20'000) == 1 && ::read(m_ends[0], &rung, 1) == 1;
-        }
-
-    private:
-        std::array<int, 2> m_ends {};
-    };
 
     /// The first Korvane: hears wishes on a loop of this process.
     struct First {
@@ -519,50 +452,6 @@ namespace {
         EXPECT_EQ(next.outcome, Outcome::first);
         ::close(held[1]);
         EXPECT_EQ(child.wait(), 0);
-    }
-
-    TEST(FolderClaimTest, AFolderIsMadeAndClaimedOnce)
-    {
-        const TempFolder folder;
-        const auto data = folder.path() / "data";
-
-        const auto first = claimFolder(data);
-        ASSERT_TRUE(first && first->isOpen());
-        EXPECT_EQ(modeOf(data), 0700U);
-        EXPECT_FALSE(claimFolder(data, 50ms));
-    }
-
-    TEST(FolderClaimTest, AClaimEndsWithItsProcessHoweverThatEnds)
-    {
-        const TempFolder folder;
-        std::array<int, 2> pipe {};
-        ASSERT_EQ(::pipe(pipe.data()), 0);
-        Process other([&] {
-            const auto claim = claimFolder(folder.path());
-            static_cast<void>(::write(pipe[1], "c", 1));
-            ::pause();
-            return claim ? 0 : 1;
-        });
-        char claimed = 0;
-        ASSERT_EQ(::read(pipe[0], &claimed, 1), 1);
-        EXPECT_FALSE(claimFolder(folder.path(), 50ms));
-
-        other.signal(SIGKILL);
-
-        EXPECT_TRUE(claimFolder(folder.path(), 10s));
-        ::close(pipe[0]);
-        ::close(pipe[1]);
-    }
-
-    TEST(FolderClaimTest, AFolderThatCannotBeMadeCannotBeClaimedByAnyone)
-    {
-        const TempFolder folder;
-        std::ofstream(folder.path() / "file") << "no folder";
-
-        const auto claim = claimFolder(folder.path() / "file", 50ms);
-
-        ASSERT_TRUE(claim);
-        EXPECT_FALSE(claim->isOpen());
     }
 
 } // namespace

@@ -63,7 +63,7 @@ namespace {
         if (event.key() <= 0 || event.key() >= Qt::Key_Escape)
             return {};
         const auto character = static_cast<char32_t>(event.key());
-        const auto typed = QString::fromUcs4(&character, 1);
+        auto typed = QString::fromUcs4(&character, 1);
         return event.modifiers().testFlag(Qt::ShiftModifier) ? typed : typed.toLower();
     }
 
@@ -71,7 +71,7 @@ namespace {
     {
         // With Ctrl the text is a control character, with Alt often none.
         if (mask & (modifiers::command | modifiers::option)) {
-            const auto typed = characterOf(event);
+            auto typed = characterOf(event);
             const auto place = event.nativeScanCode();
             if (!(mask & modifiers::command))
                 return typed;

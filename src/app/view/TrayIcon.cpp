@@ -15,7 +15,7 @@ namespace {
 
     // The sizes that trays ask for. One that asks for another gets the nearest, scaled.
     constexpr std::array sizes { 22, 24, 32, 44 };
-    constexpr int mostInFull = 999;
+    constexpr int mostShown = 999;
 
     void paintGlyph(QPainter& painter, Symbols& symbols, std::string_view symbol, double edge)
     {
@@ -31,10 +31,8 @@ namespace {
 
     void paintBadge(QPainter& painter, int count, double edge)
     {
-        // Four digits have no room: thousands are told, as far as they are full.
-        const auto text = count <= mostInFull
-            ? QString::number(count)
-            : QString::number(count / (mostInFull + 1)) + QLatin1Char('k');
+        // Four digits have no room; the tool tip tells the whole number.
+        const auto text = QString::number(std::min(count, mostShown));
         const double scale = edge / 22.0;
         auto font = panelFont(10, QFont::Bold);
         font.setPixelSize(static_cast<int>((text.size() > 2 ? 8 : 10) * scale));

@@ -272,7 +272,8 @@ void ClipListView::selectionChanged(const std::optional<ClipId>& selected)
     const auto index = m_shown.indexOf(selected);
     if (!index)
         return;
-    centre(*index);
+    if (m_store.panel().scrollsToSelection)
+        centre(*index);
     settle();
     updateRow(index);
 }

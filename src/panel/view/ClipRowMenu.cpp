@@ -5,6 +5,7 @@
 
 #include <QMenu>
 
+#include <memory>
 #include <utility>
 
 namespace korvane {
@@ -37,9 +38,9 @@ namespace {
 } // namespace
 
 QMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
-    std::function<void()> beginRename, double rowMidY, QWidget* parent)
+    const std::function<void()>& beginRename, double rowMidY, QWidget* parent)
 {
-    auto* menu = new QMenu(parent);
+    auto* menu = std::make_unique<QMenu>(parent).release(); // its parent's
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const auto& item : paneltexts::rowMenu(clip)) {
         if (!item.action) {

@@ -16,6 +16,6 @@ class PanelController;
 /// @param beginRename  starts the rename in place
 /// @param rowMidY  where the row is, for the preview to open beside it
 QMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
-    std::function<void()> beginRename, double rowMidY, QWidget* parent);
+    const std::function<void()>& beginRename, double rowMidY, QWidget* parent);
 
 } // namespace korvane

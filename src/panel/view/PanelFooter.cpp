@@ -26,11 +26,13 @@ namespace {
 PanelFooter::PanelFooter(ClipStore& store, QWidget* parent)
     : QWidget(parent)
     , m_store(store)
-    , m_clipsChanged(store.clipsChanged.connect([this] {
+{
+    const auto refreshShown = [this] {
         if (isVisible())
             refresh();
-    }))
-{
+    };
+    m_connections.push_back(store.clipsChanged.connect(refreshShown));
+    m_connections.push_back(store.limitsChanged.connect(refreshShown));
 }
 
 void PanelFooter::paintEvent(QPaintEvent*)

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <vector>
+
 namespace korvane {
 
 /// The panel's foot: how many clips there are, how large they are, and by its colour how near to
@@ -26,7 +28,7 @@ private:
     ClipStore& m_store;
     QString m_totals;
     paneltexts::FillLevel m_level = paneltexts::FillLevel::low;
-    Connection m_clipsChanged;
+    std::vector<Connection> m_connections;
 };
 
 } // namespace korvane

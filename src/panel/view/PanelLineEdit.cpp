@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include <memory>
 #include <utility>
 
 namespace korvane {
@@ -78,7 +79,7 @@ void PanelLineEdit::mouseReleaseEvent(QMouseEvent* event)
 
 void PanelLineEdit::contextMenuEvent(QContextMenuEvent* event)
 {
-    auto* menu = new QMenu(this);
+    auto* menu = std::make_unique<QMenu>(this).release(); // ours as a child
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [menu](const QString& title, bool isEnabled, auto action) {
         menu->addAction(title, action)->setEnabled(isEnabled);

@@ -23,7 +23,7 @@ private Q_SLOTS:
     // Called by name, as the bus requires.
     void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): the toolkit's own reader needs it
     void accept(const QVariant& value);
 
     Observable<bool> m_isDark { false };

@@ -110,6 +110,21 @@ std::optional<WindowHints> readWindowHints(X11Connection& connection, xcb_window
     return hints;
 }
 
+std::vector<std::uint32_t> readNumbers(
+    X11Connection& connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
+{
+    constexpr std::uint32_t most = 65'536; // more windows than any desktop has
+    const auto reply = connection.reply(xcb_get_property_reply,
+        xcb_get_property(connection.get(), 0, window, property, type, 0, most));
+    if (!reply || reply->format != 32)
+        return {};
+    std::vector<std::uint32_t> numbers(reply->value_len);
+    if (!numbers.empty())
+        std::memcpy(numbers.data(), xcb_get_property_value(reply.get()),
+            numbers.size() * sizeof(std::uint32_t));
+    return numbers;
+}
+
 std::uint32_t readNumber(
     X11Connection& connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type)
 {

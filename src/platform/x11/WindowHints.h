@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvane {
 
@@ -21,6 +22,10 @@ struct WindowHints {
 /// Reads the properties of a window in one round trip, and where it runs on this machine the name
 /// of its program file. None when the window is gone.
 std::optional<WindowHints> readWindowHints(X11Connection& connection, xcb_window_t window);
+
+/// A property of a window that holds windows, or numbers, of this type; empty where it does not.
+std::vector<std::uint32_t> readNumbers(
+    X11Connection& connection, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
 
 /// A property of a window that holds one window, or a number, and nothing else: 0 where it does not.
 std::uint32_t readNumber(

@@ -118,6 +118,12 @@ Connection X11Connection::connect(std::uint32_t key, Slot slot)
     return m_signals[key].connect(std::move(slot));
 }
 
+bool X11Connection::hasArrived(const std::function<bool(const xcb_generic_event_t&)>& isWanted)
+{
+    keepQueuedEvents();
+    return std::ranges::any_of(m_arrived, [&](const X11Event& event) { return isWanted(*event); });
+}
+
 std::vector<X11Event> X11Connection::takeArrived(
     std::uint8_t type, const std::function<bool(const xcb_generic_event_t&)>& isLast)
 {

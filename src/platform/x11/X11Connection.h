@@ -82,6 +82,8 @@ public:
     /// The same for an event that arrives as XGE ("generic event extension") event, as the ones of
     /// XInput 2 do.
     Connection onGenericEvent(std::uint8_t majorOpcode, std::uint16_t type, Slot slot);
+    /// Whether an event that has arrived and has not been delivered is such a one.
+    bool hasArrived(const std::function<bool(const xcb_generic_event_t&)>& isWanted);
     /// Takes the events of this type that have arrived and have not been delivered out of the queue;
     /// slots will not hear of them. For who must know now what the server has said so far: after a
     /// reply, everything that happened before it is here.

@@ -176,6 +176,11 @@ void X11Keyboard::keyPressed(xcb_keycode_t key)
         { modifiers::command, modifiers::shift, modifiers::option, modifiers::control })
         if ((m_state & m_keyMap.stateBits(modifier)) != 0)
             mask |= modifier;
+    if (mask == modifiers::shift && m_keyMap.types(key, XKB_KEY_Insert, m_layout)
+        && m_terminals.isInFront()) {
+        keyDown(KeyPress { keycodes::v, modifiers::command, {} }); // a terminal's paste chord
+        return;
+    }
     keyDown(KeyPress { *keyCode, withCommandAsCtrl(mask), {} });
 }
 

@@ -31,7 +31,8 @@ public:
 
     void typeChord(KeyCode keyCode, ModifierMask modifiers) override;
     /// Every key press that has a virtual code is told, without its characters: whoever wants to
-    /// know that a paste was typed need not know what else is.
+    /// know that a paste was typed need not know what else is. A paste into a terminal is told as
+    /// the paste that it is.
     bool listen() override;
 
 private:

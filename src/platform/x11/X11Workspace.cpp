@@ -56,8 +56,10 @@ X11Workspace::X11Workspace(X11Connection& connection, DesktopEntries& entries,
     , m_entries(entries)
     , m_isOwnWindow(std::move(isOwnWindow))
     , m_activeWindow(connection.atom("_NET_ACTIVE_WINDOW"))
+    , m_clientList(connection.atom("_NET_CLIENT_LIST"))
 {
     watch();
+    listenToWindows();
     activeWindowChanged();
 }
 
@@ -69,31 +71,80 @@ void X11Workspace::watch()
     m_connection.flush();
     m_events.push_back(m_connection.onEvent(XCB_PROPERTY_NOTIFY, [this](const auto& event) {
         const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (changed.window == m_connection.root() && changed.atom == m_activeWindow)
+        if (changed.window != m_connection.root())
+            return;
+        if (changed.atom == m_clientList)
+            listenToWindows();
+        else if (changed.atom == m_activeWindow)
             activeWindowChanged();
+    }));
+    m_events.push_back(m_connection.onEvent(XCB_FOCUS_IN, [this](const auto& event) {
+        const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
+        // While a key of somebody's is held, the keyboard is only lent and comes back to whom it was.
+        const bool isLent
+            = focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB;
+        const bool isPointer = focus.detail == XCB_NOTIFY_DETAIL_POINTER
+            || focus.detail == XCB_NOTIFY_DETAIL_POINTER_ROOT;
+        if (!isLent && !isPointer && m_listenedTo.contains(focus.event))
+            setFront(focus.event);
     }));
     // Not every manager says that nothing is active: some leave the number of a window that is gone.
     m_events.push_back(m_connection.onEvent(XCB_DESTROY_NOTIFY, [this](const auto& event) {
         const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        m_listenedTo.erase(gone.window);
         if (m_front && gone.window == m_front->window)
             m_front.reset();
     }));
+}
+
+void X11Workspace::listenToWindows()
+{
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
+    for (const auto window :
+        readNumbers(m_connection, m_connection.root(), m_clientList, XCB_ATOM_WINDOW)) {
+        if (m_isOwnWindow(window) || !m_listenedTo.insert(window).second)
+            continue;
+        xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+    }
+    m_connection.flush();
 }
 
 void X11Workspace::activeWindowChanged()
 {
     const auto window
         = readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW);
+    // What was read is what it is now, which a later event will tell in its place.
+    if (isChangeWaiting())
+        return;
     // A panel that has taken the keyboard unknown to the manager, which then says that nothing is
     // active, leaves the application behind it the one that the user works in.
     if (window == XCB_NONE && haveKeyboard())
         return;
-    m_front.reset();
     if (window == XCB_NONE || m_isOwnWindow(window))
-        return;
-    // Asked for before its properties are read, so that its end cannot fall in between.
-    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+        m_front.reset();
+    else
+        setFront(window);
+}
+
+bool X11Workspace::isChangeWaiting()
+{
+    return m_connection.hasArrived([this](const xcb_generic_event_t& event) {
+        if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY)
+            return false;
+        const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        return changed.window == m_connection.root() && changed.atom == m_activeWindow;
+    });
+}
+
+void X11Workspace::setFront(xcb_window_t window)
+{
+    m_front.reset();
+    // Listened to before its properties are read, so that its end cannot fall in between. A window
+    // that is not in the manager's list is listened to for its end alone.
+    if (!m_listenedTo.contains(window)) {
+        const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
+    }
     if (auto hints = readWindowHints(m_connection, window))
         m_front = Front { window, std::move(*hints) };
 }

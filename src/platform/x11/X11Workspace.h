@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace korvane {
@@ -18,8 +19,10 @@ class X11Connection;
 /// The applications on the desktop, as the window manager and the windows' own properties tell
 /// (Extended Window Manager Hints).
 ///
-/// What is in front is followed event by event: of two things that have happened while the loop was
-/// busy, a copy and then a change of windows, the copy is judged by the window that it was made in.
+/// What is in front is followed event by event: of things that have happened while the loop was
+/// busy, a change of windows, a copy and another change, the copy is judged by the window that it was
+/// made in. The manager's word cannot be asked for as it was then; so the windows themselves are
+/// listened to as well, whose events name the one that got the keyboard.
 class X11Workspace : public Workspace {
 public:
     /// @param isOwnWindow  is it a window of this program? What is in front is never ourselves.
@@ -39,7 +42,10 @@ private:
     };
 
     void watch();
+    void listenToWindows();
     void activeWindowChanged();
+    bool isChangeWaiting();
+    void setFront(xcb_window_t window);
     bool haveKeyboard();
     /// What is in front as far as the events have been delivered; none: nothing, or we are.
     const Front* front();
@@ -48,6 +54,8 @@ private:
     DesktopEntries& m_entries;
     std::function<bool(xcb_window_t)> m_isOwnWindow;
     xcb_atom_t m_activeWindow;
+    xcb_atom_t m_clientList;
+    std::set<xcb_window_t> m_listenedTo;
     std::optional<Front> m_front;
     std::vector<Connection> m_events;
 };

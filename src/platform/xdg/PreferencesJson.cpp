@@ -1,5 +1,7 @@
 #include "platform/xdg/PreferencesJson.h"
 
+#include "model/JsonToken.h"
+
 #include <simdjson.h>
 
 #include <array>
@@ -25,11 +27,17 @@ namespace {
 
     bool takeNumber(ondemand::value value, StoredPreference& stored)
     {
-        const auto isReal = value.raw_json_token().find_first_of(".eE") != std::string_view::npos;
+        auto token = value.raw_json_token();
+        token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+        const auto isReal = token.find_first_of(".eE") != std::string_view::npos;
         if (!isReal && take<std::int64_t>(value.get_int64(), stored))
             return true;
-        // Also what is too large for an integer; and what is no number at all is found out here.
-        return take<double>(value.get_double(), stored);
+        // Also what is too large for an integer.
+        if (take<double>(value.get_double(), stored))
+            return true;
+        // What is too large for any number of ours is still a number.
+        stored.foreignJson = token;
+        return isJsonScalar(token);
     }
 
     bool isListOfTexts(simdjson::dom::element element, std::vector<std::string>& texts)

@@ -30,7 +30,7 @@ namespace {
         EXPECT_EQ(pressed(Qt::Key_Up).keyCode, 126U);
     }
 
-    TEST(KeyEventsTest, TheNumberPadsEnterIsNotReturn)
+    TEST(KeyEventsTest, TheNumberPadsKeysAreThoseOfTheMainField)
     {
         EXPECT_EQ(pressed(Qt::Key_Enter, Qt::KeypadModifier).keyCode, 36U);
         EXPECT_EQ(pressed(Qt::Key_Down, Qt::KeypadModifier).keyCode, 125U);

@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 """Copies quickly: `copier.py COUNT MILLISECONDS WORD PID…` takes the clipboard anew COUNT times, with the
 texts "WORD 0", "WORD 1" and so on, and gives each to whoever asks while it is there. Between two copies
-lie the milliseconds, and as much more as the processes have meanwhile waited for the processor: others on
-the machine do not make the pace any faster for them. At the end it prints the average without that, and
-serves the last text until it is ended."""
+lie the milliseconds, and as much more as the processes, or this one, have meanwhile waited for the
+processor: others on the machine do not make the pace any faster for them. At the end it prints the average
+without that, and serves the last text until it is ended."""
 
+import os
 import pathlib
 import select
 import sys
@@ -17,9 +18,14 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 from support.processor import ProcessorWaits
 
 
+# The kernel counts for how long a thread has run at least this often, in milliseconds.
+TICK = 4
+
+
 class Copier:
     def __init__(self, processes):
-        self.waits = ProcessorWaits(*processes)
+        self.waits = ProcessorWaits(os.getpid(), *processes)
+        self.others = ProcessorWaits(*processes)
         self.display = display.Display()
         self.window = self.display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         self.selection, self.targets, self.utf8 = map(self.display.get_atom, ("CLIPBOARD", "TARGETS", "UTF8_STRING"))
@@ -42,6 +48,16 @@ class Copier:
                     self.answer(happened)
             select.select([self.display.fileno()], [], [], min(left / 1000, 1))
 
+    def are_others_waiting(self):
+        """Whether a thread is ready to run and has had no turn for the last milliseconds: what it waits is
+        counted only once it runs."""
+        before = self.others.ready()
+        if not before:
+            return False
+        self.serve_until(self.now() + TICK)
+        after = self.others.ready()
+        return any(after.get(thread) == ran for thread, ran in before.items())
+
     def answer(self, request):
         place = request.property or request.target
         if request.target == self.targets:
@@ -62,6 +78,8 @@ def main(count, gap, word, *processes):
         copied = copier.now()
         copier.copy(f"{word} {number}")
         copier.serve_until(copied + float(gap))
+        while copier.are_others_waiting():
+            copier.serve_until(copied + float(gap))
     print((copier.now() - began) / int(count), flush=True)
     copier.serve_until(float("inf"))
 

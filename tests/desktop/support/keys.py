@@ -39,14 +39,6 @@ class Keys:
         self.display.sync()
         self.held.remove(name)
 
-    def are_grabbed(self):
-        """Whether another program listens to the whole keyboard, as window managers do while a key of theirs is held."""
-        status = self.screen.root.grab_keyboard(False, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime)
-        if status == X.GrabSuccess:
-            self.screen.display.ungrab_keyboard(X.CurrentTime)
-        self.screen.display.sync()
-        return status == X.AlreadyGrabbed
-
     def let_go_all(self):
         for name in list(self.held):
             self.let_go(name)

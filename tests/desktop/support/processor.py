@@ -4,13 +4,27 @@ import contextlib
 import pathlib
 
 
+def threads(process):
+    return pathlib.Path(f"/proc/{process}/task").glob("*")
+
+
 def waited(process):
     """That time of all threads of a process, in milliseconds since its start (proc(5), schedstat)."""
     nanoseconds = 0
-    for statistics in pathlib.Path(f"/proc/{process}/task").glob("*/schedstat"):
-        with contextlib.suppress(OSError):  # a thread that has just ended
-            nanoseconds += int(statistics.read_text().split()[1])
+    for thread in threads(process):
+        with contextlib.suppress(OSError):  # it has just ended
+            nanoseconds += int((thread / "schedstat").read_text().split()[1])
     return nanoseconds / 1e6
+
+
+def ready(process):
+    """The threads that run or are ready to, and for how long each has run so far, in nanoseconds."""
+    found = {}
+    for thread in threads(process):
+        with contextlib.suppress(OSError):
+            if (thread / "stat").read_text().rpartition(")")[2].split()[0] == "R":
+                found[thread] = int((thread / "schedstat").read_text().split()[0])
+    return found
 
 
 class ProcessorWaits:
@@ -21,3 +35,6 @@ class ProcessorWaits:
 
     def total(self):
         return sum(map(waited, self.processes))
+
+    def ready(self):
+        return {thread: ran for process in self.processes for thread, ran in ready(process).items()}

@@ -301,5 +301,17 @@ namespace {
         EXPECT_EQ(f.list.offset(), 0);
     }
 
+    TEST(ClipListViewTest, AClipFoundLateLeavesAListThatTheUserHasScrolled)
+    {
+        ListFixture f(50);
+        const auto openings = f.panel().panelOpenCount.value();
+        f.list.setOffset(300);
+
+        f.controller.selectText("clip 40");
+
+        EXPECT_EQ(f.list.offset(), 300);
+        EXPECT_EQ(f.panel().panelOpenCount.value(), openings);
+    }
+
 } // namespace
 } // namespace korvane

@@ -71,6 +71,16 @@ namespace {
             f.view.footer().toolTip(), QString::fromUtf8("Total: 4 / 500 clips · 500 MB limit"));
     }
 
+    TEST(ClipPanelViewTest, TheFootFollowsALimitThatIsChangedByHand)
+    {
+        PanelViewFixture f(3);
+
+        f.preferences.set(keys::maxClips, std::int64_t { 4 });
+
+        EXPECT_EQ(
+            f.view.footer().toolTip(), QString::fromUtf8("Total: 3 / 4 clips · 500 MB limit"));
+    }
+
     TEST(ClipPanelViewTest, AnIdlePanelDoesNotRepaint)
     {
         PanelViewFixture f(8);

@@ -18,6 +18,14 @@ namespace {
         TestWindow editor { otherProgram };
         X11Focus focus { connection, loop, windowsOf(toolkit.get()) };
 
+        /// The panel has the keyboard, and the editor had it before.
+        bool panelHasTakenIt()
+        {
+            if (!bringToFront(editor))
+                return false;
+            panel.map();
+            return focus.takeKeyboard(panel.id(), XCB_CURRENT_TIME);
+        }
         /// Gives the keyboard to the window as window managers do while their key for it is held.
         void goByKeyTo(const TestWindow& window)
         {
@@ -73,9 +81,7 @@ namespace {
     TEST(X11FocusTest, TheKeyboardGoesBackToWhomItWasTakenFrom)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
 
         f.focus.giveBackKeyboard();
 
@@ -85,9 +91,7 @@ namespace {
     TEST(X11FocusTest, WhatAnotherWindowTakesByItselfIsTakenBack)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         int left = 0;
         const auto listening = f.focus.left.connect([&left] { ++left; });
 
@@ -109,9 +113,7 @@ namespace {
         FocusFixture f;
         TestWindow other(f.otherProgram);
         ASSERT_TRUE(f.bringToFront(other));
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
 
         // As a manager does whose focus follows the pointer.
         xcb_set_input_focus(
@@ -127,9 +129,7 @@ namespace {
     TEST(X11FocusTest, AUserWhoGoesToAnotherWindowByAKeyIsLetGo)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         int left = 0;
         const auto listening = f.focus.left.connect([&left] { ++left; });
 
@@ -142,9 +142,7 @@ namespace {
     TEST(X11FocusTest, AKeyboardGivenBackIsNotTakenAgain)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
 
         f.focus.giveBackKeyboard();
         f.deliverEvents();
@@ -171,9 +169,7 @@ namespace {
     TEST(X11FocusTest, TakingItTwiceForgetsNothing)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
 
         f.focus.giveBackKeyboard();
@@ -184,9 +180,7 @@ namespace {
     TEST(X11FocusTest, ItGoesBackAfterThePanelWasHiddenToo)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         f.panel.unmap();
 
         f.focus.giveBackKeyboard();
@@ -199,9 +193,7 @@ namespace {
         FocusFixture f;
         TestWindow other(f.otherProgram);
         ASSERT_TRUE(f.bringToFront(other));
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         f.goByKeyTo(other);
 
         f.focus.giveBackKeyboard();
@@ -212,9 +204,7 @@ namespace {
     TEST(X11FocusTest, WhenTheHolderIsGoneThePanelDoesNotKeepIt)
     {
         FocusFixture f;
-        ASSERT_TRUE(f.bringToFront(f.editor));
-        f.panel.map();
-        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        ASSERT_TRUE(f.panelHasTakenIt());
         f.editor.destroy();
 
         f.focus.giveBackKeyboard();

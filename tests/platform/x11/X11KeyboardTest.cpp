@@ -253,6 +253,28 @@ namespace {
         EXPECT_EQ(f.heard[0].modifiers, modifiers::command);
     }
 
+    TEST(X11KeyboardTest, APasteIntoATerminalIsHeardAsAPaste)
+    {
+        KeyboardFixture f;
+        f.isTerminal = true;
+        ASSERT_TRUE(f.bringToFront(f.target));
+        ASSERT_TRUE(f.listen());
+
+        f.keyboard.typeChord(keycodes::v, modifiers::command);
+        f.deliverEvents();
+
+        const auto isPaste = [](const KeyPress& press) {
+            return press.keyCode == keycodes::v && press.modifiers == modifiers::command;
+        };
+        EXPECT_EQ(std::ranges::count_if(f.heard, isPaste), 1);
+        f.heard.clear();
+
+        f.isTerminal = false;
+        f.input.chord({ keys::shift, keys::insert });
+        f.deliverEvents();
+        EXPECT_EQ(std::ranges::count_if(f.heard, isPaste), 0);
+    }
+
     TEST(X11KeyboardTest, ControlCommandVIsHeardWithBoth)
     {
         KeyboardFixture f;

@@ -237,6 +237,42 @@ namespace {
         EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "Second");
     }
 
+    TEST(X11WorkspaceTest, ACopyBetweenTwoChangesIsJudgedByTheWindowItWasMadeIn)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("keepassxc", "KeePassXC");
+        TestWindow editor(f.otherProgram);
+        editor.setClass("editor", "Editor");
+        ASSERT_TRUE(f.whenInFront());
+        ASSERT_TRUE(f.bringToFront(editor));
+        std::optional<std::string> atTheCopy;
+        const auto copied = f.connection.onEvent(XCB_CLIENT_MESSAGE,
+            [&](const auto&) { atTheCopy = f.workspace.frontmost()->bundleIdentifier; });
+        const auto receiver = xcb_generate_id(f.connection.get());
+        xcb_create_window(f.connection.get(), XCB_COPY_FROM_PARENT, receiver, f.connection.root(),
+            0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+        f.connection.succeeded(xcb_no_operation_checked(f.connection.get()));
+        const auto goTo = [&f](const TestWindow& window) {
+            xcb_set_input_focus(
+                f.otherProgram.get(), XCB_INPUT_FOCUS_PARENT, window.id(), XCB_CURRENT_TIME);
+            f.setActive(window.id());
+        };
+
+        // Nothing of all this is delivered before it is over, as when the loop was busy.
+        goTo(f.window);
+        xcb_client_message_event_t message {};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        xcb_send_event(f.otherProgram.get(), 0, receiver, XCB_EVENT_MASK_NO_EVENT,
+            reinterpret_cast<const char*>(&message));
+        goTo(editor);
+        waitUntil([&] { return atTheCopy.has_value(); });
+
+        EXPECT_EQ(atTheCopy, "org.keepassx.keepassxc");
+        f.deliverEvents();
+        EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "Editor");
+    }
+
     TEST(X11WorkspaceTest, AWindowThatHasJustGoneIsKnownByWhatItWas)
     {
         WorkspaceFixture f;

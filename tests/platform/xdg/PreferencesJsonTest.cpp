@@ -101,8 +101,19 @@ namespace {
                 "{\"a\":\"b}", "{\"a\":\"\\x\"}", "{\"a\":\"\\ud800\"}", "{\"a\":\"line\nfeed\"}",
                 "{\"a\":[1,]}", "{\"a\":[1 2]}", "{\"a\":{\"b\":tru}}", "{\"a\":[nul]}",
                 "{\"a\":[\"b\"}", "{'a':1}", "{\"a\":1 // b\n}", "{\"a\":\"\xff\"}",
-                "{\"a\":\"\xed\xa0\x80\"}", "{\"a\":1e999}" })
+                "{\"a\":\"\xed\xa0\x80\"}", "{\"a\":1.e999}", "{\"a\":01e999}" })
             EXPECT_FALSE(isJson(text)) << text;
+    }
+
+    TEST(PreferencesJsonTest, ANumberThatNothingCanHoldIsKeptAsItStands)
+    {
+        for (const std::string number : { "1e999", "-1e999", "1.5E+400" }) {
+            const auto table = parsePreferences("{\"a\": " + number + " , \"b\": true}");
+            ASSERT_TRUE(table) << number;
+            EXPECT_FALSE(table->at("a").value);
+            EXPECT_EQ(table->at("b").value, PreferenceValue(true));
+            EXPECT_EQ(parsePreferences(printPreferences(*table)), table);
+        }
     }
 
     TEST(PreferencesJsonTest, WhiteSpaceAroundEverythingIsAllowed)
