@@ -118,7 +118,13 @@ namespace {
             return true;
         }
 
-        void log(const std::string& line) { m_log.line(line); }
+        /// In the log, and on standard error in any case.
+        void warn(const std::string& line)
+        {
+            m_log.line(line);
+            if (::isatty(STDERR_FILENO) == 0) // else the log is there too
+                say(stderr, line);
+        }
 
         void fulfil(Wish wish)
         {
@@ -217,17 +223,12 @@ namespace {
         QGuiApplication::setQuitOnLastWindowClosed(false);
         const QApplication application(argc, argv);
 
-        const auto dataFolder = folders.dataHome / folderName;
-        const auto history = claimFolder(dataFolder);
-        if (!history) {
-            say(stderr, "korvane: another Korvane uses the history in " + dataFolder.string());
-            return EXIT_FAILURE;
-        }
         // Ends after the program and before the toolkit.
         const FarewellLimit farewell;
         Program program(folders, std::move(claim));
+        const auto dataFolder = folders.dataHome / folderName;
         if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
-            program.log(
+            program.warn(
                 "Korvane: cannot write to " + dataFolder.string() + ", so the history is not kept");
         if (!program.launch()) {
             say(stderr,
@@ -269,6 +270,15 @@ namespace {
             return EXIT_FAILURE;
         case InstanceStart::Outcome::first:
             break;
+        }
+        // One that was started with another runtime folder hears nobody who is started in this one.
+        const auto dataFolder = folders->dataHome / folderName;
+        const auto history = claimFolder(dataFolder);
+        if (!history) {
+            say(stderr,
+                "korvane: another Korvane uses the history in " + dataFolder.string()
+                    + "; it was started with another XDG_RUNTIME_DIR");
+            return EXIT_FAILURE;
         }
         if (!commandLine.startsProgram())
             return EXIT_SUCCESS;

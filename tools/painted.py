@@ -11,6 +11,19 @@ DARK = {"ground": (33, 35, 38), "text": (236, 238, 239), "selection": (32, 67, 5
 FEW = 150
 
 
+def wait_until_paper(screen, box):
+    """Waits until a window of an editor shows its paper: most of it is white, or nearly so."""
+    def is_paper():
+        pixels = collections.Counter()
+        for row in screen.pixels(box):
+            pixels.update(memoryview(row).cast("I"))
+        white = sum(number for pixel, number in pixels.items()
+                    if min(pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255) > 235)
+        return white > box.width * box.height / 2
+
+    wait_for("the editor is painted", is_paper)
+
+
 class PaintedPanel:
     """The panel's place on the screen, and how it looks there.
 

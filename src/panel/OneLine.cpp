@@ -46,16 +46,18 @@ namespace {
     }
 
     /// The beginning of a text, cut between two characters; where a single one is longer than a
-    /// line all by itself, between two code points.
+    /// line all by itself, after a few of its code points: a letter with hundreds of marks on it is a
+    /// tower that no row has room for.
     std::string_view beginning(std::string_view text)
     {
         const auto whole
             = overflowPreview(text, std::numeric_limits<int>::max(), maxBytesOnOneLine).size();
         if (whole > 0)
             return text.substr(0, whole);
-        std::size_t cut = std::min<std::size_t>(text.size(), maxBytesOnOneLine);
-        while (cut > 0 && cut < text.size() && isContinuationByte(text[cut]))
-            --cut;
+        constexpr int fewCodePoints = 6;
+        std::size_t cut = 0;
+        for (int left = fewCodePoints; left > 0 && cut < text.size(); --left)
+            cut += codePointAt(text, cut).size;
         return text.substr(0, cut);
     }
 

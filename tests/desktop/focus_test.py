@@ -37,3 +37,10 @@ class FocusTest(DesktopTest):
         self.keys.press_until("the panel is closed", ["Alt_L", "Tab"], lambda: not self.korvane.is_open())
         wait_for("an editor has the keyboard",
                  lambda: any(self.screen.has_keyboard(editor.window) for editor in (self.behind, self.front)))
+
+    def test_when_the_window_behind_the_panel_has_ended_the_next_one_gets_it(self):
+        self.front.end()
+        wait_for("the manager has gone on to the next", lambda: self.screen.active() != self.front.window.id)
+        self.keys.press("Escape")
+        self.korvane.wait_until_closed()
+        wait_for("the next window has the keyboard", lambda: self.screen.has_keyboard(self.behind.window))

@@ -99,3 +99,15 @@ class RefusalTest(DesktopTest):
         self.keys.press("Down")
         wait_for("the older is chosen", lambda: self.clipboard.get() == b"older")
         self.assertEqual(data.read_text(), "somebody's file")
+        self.assertIn(f"cannot write to {data}/com.VNT.Korvane, so the history is not kept", self.korvane.log())
+
+    def test_another_program_on_the_same_history(self):
+        self.korvane.start()
+        elsewhere = self.korvane.home / "elsewhere"
+        elsewhere.mkdir(mode=0o700)
+        self.environment = {**self.environment, "XDG_RUNTIME_DIR": str(elsewhere)}
+        folder = self.korvane.home / "data/com.VNT.Korvane"
+        line = f"korvane: another Korvane uses the history in {folder}; it was started with another XDG_RUNTIME_DIR"
+        self.expect(1, line)
+        self.expect(1, line, "--quit")
+        self.assertTrue(self.korvane.is_running())

@@ -81,13 +81,10 @@ namespace {
         EXPECT_EQ(line, "x" + repeated("👩‍👩‍👧", (maxBytesOnOneLine - 1) / 18) + "…");
     }
 
-    TEST(OneLineTest, AMillionMarksOnOneLetterAreCutBetweenTwoOfThem)
+    TEST(OneLineTest, OfAMillionMarksOnOneLetterAFewAreShown)
     {
-        const auto line = onOneLine("e" + repeated("\u0301", 1'000'000));
-
-        EXPECT_TRUE(isValidUtf8(line));
-        EXPECT_LE(line.size(), maxBytesOnOneLine + std::string_view("…").size());
-        EXPECT_TRUE(line.starts_with("e\u0301\u0301"));
+        EXPECT_EQ(
+            onOneLine("e" + repeated("\u0301", 1'000'000)), "e" + repeated("\u0301", 5) + "…");
     }
 
     TEST(OneLineTest, AMegabyteOfBlanksIsCutAsWell)

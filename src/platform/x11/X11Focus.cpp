@@ -1,5 +1,6 @@
 #include "platform/x11/X11Focus.h"
 
+#include "platform/x11/WindowHints.h"
 #include "platform/x11/X11Connection.h"
 
 #include <utility>
@@ -101,8 +102,15 @@ void X11Focus::giveBackKeyboard()
         || now.window == XCB_NONE || now.window == XCB_INPUT_FOCUS_POINTER_ROOT;
     if (!before.isKnown || !isOurs)
         return;
-    if (!give(before.window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME))
-        // Whoever had it is gone or hidden: the window under the pointer is better than none.
+    if (give(before.window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME))
+        return;
+    // Whoever had it is gone or hidden. A manager that has chosen another window meanwhile believes
+    // that this one has the keyboard, and would not hand it over again.
+    const auto active = readNumber(m_connection, m_connection.root(),
+        m_connection.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
+    const bool isGiven = active != XCB_NONE && !m_isOwnWindow(active)
+        && give(active, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME);
+    if (!isGiven) // the window under the pointer is better than none
         static_cast<void>(
             give(XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_CURRENT_TIME));
 }

@@ -212,6 +212,29 @@ namespace {
         EXPECT_FALSE(f.panel.hasKeyboard());
     }
 
+    TEST(X11FocusTest, WhenTheHolderIsGoneTheWindowThatTheManagerCallsActiveGetsIt)
+    {
+        FocusFixture f;
+        TestWindow other(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(other));
+        ASSERT_TRUE(f.panelHasTakenIt());
+        f.editor.destroy();
+        f.otherProgram.sync();
+        // As managers do that believe the window to have the keyboard already.
+        const xcb_window_t active = other.id();
+        const auto sayActive = [&] {
+            xcb_change_property(f.otherProgram.get(), XCB_PROP_MODE_REPLACE, f.otherProgram.root(),
+                f.otherProgram.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &active);
+            f.otherProgram.sync();
+            return f.otherProgram.activeWindow() == active;
+        };
+        ASSERT_TRUE(waitUntil(sayActive));
+
+        f.focus.giveBackKeyboard();
+
+        EXPECT_TRUE(waitUntil([&] { return other.hasKeyboard(); }));
+    }
+
     TEST(X11FocusTest, GivingBackWhatWasNeverTakenDoesNothing)
     {
         FocusFixture f;
