@@ -2,6 +2,7 @@
 
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
+#include "panel/TabSwitcher.h"
 #include "panel/view/ClipRowMenu.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/Symbols.h"
@@ -38,6 +39,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     , m_rowView(symbols)
     , m_renameEnded(std::move(renameEnded))
     , m_renameField(std::move(reader), this)
+    , m_opacity(loop, 1, [this] { update(); })
 {
     setMouseTracking(true);
     setAccessibleName(QStringLiteral("Clips"));
@@ -66,6 +68,10 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     m_connections.push_back(panel.panelOpenCount.onChange(toTop));
     m_connections.push_back(panel.selectedClipID.onChange(
         [this](const auto& selected) { selectionChanged(selected); }));
+    m_connections.push_back(panel.isTabSwitching.onChange([this](bool isSwitching) {
+        m_opacity.goTo(
+            isSwitching ? 0 : 1, isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
+    }));
     m_selected = panel.selectedClipID.value();
 }
 
@@ -171,6 +177,7 @@ bool ClipListView::event(QEvent* event)
 void ClipListView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
+    painter.setOpacity(m_opacity.value());
     const auto& rows = m_shown.rows();
     const double first
         = (event->rect().top() + m_offset - metrics::listPaddingY) / metrics::rowPitch;

@@ -3,6 +3,7 @@
 #include "model/ClipStore.h"
 #include "model/MainLoop.h"
 #include "panel/view/ClipRowView.h"
+#include "panel/view/EasedValue.h"
 #include "panel/view/PanelLineEdit.h"
 #include "panel/view/ShownClips.h"
 
@@ -20,7 +21,7 @@ class Symbols;
 
 /// The list of the displayed clips. Only rows that can be seen are painted, and only what has
 /// changed; nothing is computed while the list is hidden. So it costs the same whatever the length
-/// of the history and of its clips.
+/// of the history and of its clips. While the tab is being switched, the list fades away and back.
 class ClipListView : public QWidget {
 public:
     /// @param renameEnded  called when the field of a rename has gone, for the focus to go elsewhere
@@ -85,6 +86,7 @@ private:
     std::optional<ClipId> m_renamed;
     PanelLineEdit m_renameField;
 
+    EasedValue m_opacity;
     Timer m_ageTick; // while visible
     std::vector<Connection> m_connections;
 };

@@ -17,7 +17,7 @@ ClipPanelView::ClipPanelView(
     , m_header(this)
     , m_search(store, m_symbols, reader, this)
     , m_tabs(
-          store, m_symbols, [&controller](FilterTab tab) { controller.switchTab(tab); }, this)
+          store, loop, m_symbols, [&controller](FilterTab tab) { controller.switchTab(tab); }, this)
     , m_list(
           store, controller, loop, m_symbols, reader,
           [this] { m_search.setFocus(Qt::OtherFocusReason); }, this)

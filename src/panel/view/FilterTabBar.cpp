@@ -1,5 +1,7 @@
 #include "panel/view/FilterTabBar.h"
 
+#include "panel/TabSwitcher.h"
+#include "panel/view/ElidedText.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/Symbols.h"
 
@@ -62,8 +64,8 @@ std::string_view symbolOf(FilterTab tab)
     return {};
 }
 
-FilterTabBar::FilterTabBar(
-    ClipStore& store, Symbols& symbols, std::function<void(FilterTab)> switchTab, QWidget* parent)
+FilterTabBar::FilterTabBar(ClipStore& store, MainLoop& loop, Symbols& symbols,
+    std::function<void(FilterTab)> switchTab, QWidget* parent)
     : QWidget(parent)
     , m_store(store)
     , m_symbols(symbols)
@@ -73,8 +75,18 @@ FilterTabBar::FilterTabBar(
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(QStringLiteral("Filter"));
     auto& panel = store.panel();
-    m_connections.push_back(panel.tabDisplayed.onChange([this](const auto&) { update(); }));
-    m_connections.push_back(panel.panelFilterTab.onChange([this](const auto&) { update(); }));
+    for (const auto tab : allFilterTabs)
+        m_chosen.emplace_back(loop, tab == panel.shownTab() ? 1 : 0, [this] { update(); });
+    const auto follow = [this](const auto&) { shownTabChanged(); };
+    m_connections.push_back(panel.tabDisplayed.onChange(follow));
+    m_connections.push_back(panel.panelFilterTab.onChange(follow));
+}
+
+void FilterTabBar::shownTabChanged()
+{
+    const auto shown = m_store.panel().shownTab();
+    for (const auto tab : allFilterTabs)
+        m_chosen[indexOf(tab)].goTo(tab == shown ? 1 : 0, TabSwitcher::barAnimation);
 }
 
 QRectF FilterTabBar::chip(FilterTab tab) const
@@ -84,23 +96,29 @@ QRectF FilterTabBar::chip(FilterTab tab) const
 
 FilterTabBar::Chips FilterTabBar::chips() const
 {
-    const auto shown = m_store.panel().shownTab();
     const double available = width() - 2 * sidePadding;
     const double other = symbolSize + 2 * otherPadding;
     const auto others = static_cast<double>(allFilterTabs.size() - 1);
     const QFontMetricsF font(panelFont(12, QFont::Medium));
     // A name too wide for the bar is cut short; the chips never leave it.
-    const double chosen = std::min(symbolSize + titleGap
-            + std::ceil(font.horizontalAdvance(titleOf(shown))) + 2 * chosenPadding,
-        available - others * (other + leastGap));
-    const double gap = (available - chosen - others * other) / others;
+    const double most = available - others * (other + leastGap);
+    std::array<double, allFilterTabs.size()> widths {};
+    double used = 0;
+    for (const auto tab : allFilterTabs) {
+        const double chosen = std::min(most,
+            symbolSize + titleGap + std::ceil(font.horizontalAdvance(titleOf(tab)))
+                + 2 * chosenPadding);
+        auto& width = widths[indexOf(tab)];
+        width = other + (chosen - other) * m_chosen[indexOf(tab)].value();
+        used += width;
+    }
+    const double gap = (available - used) / others;
 
     Chips result;
     double x = sidePadding;
     for (const auto tab : allFilterTabs) {
-        const double wide = tab == shown ? chosen : other;
-        result[indexOf(tab)] = { x, chipTop, wide, chipHeight };
-        x += wide + gap;
+        result[indexOf(tab)] = { x, chipTop, widths[indexOf(tab)], chipHeight };
+        x += widths[indexOf(tab)] + gap;
     }
     return result;
 }
@@ -139,30 +157,48 @@ void FilterTabBar::paintEvent(QPaintEvent*)
 void FilterTabBar::paintChip(QPainter& painter, FilterTab tab, const QRectF& place)
 {
     const auto& colours = panelColours(palette());
-    const bool isChosen = tab == m_store.panel().shownTab();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(isChosen ? colours.accent : colours.chip);
-    painter.drawRoundedRect(place, chipRadius, chipRadius);
-    if (tab == m_hovered) {
-        painter.setBrush(tab == m_pressed ? colours.pressed : colours.hover);
+    const double chosen = m_chosen[indexOf(tab)].value();
+    const auto fill = [&](const QColor& colour, double opacity) {
+        painter.setOpacity(opacity);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
         painter.drawRoundedRect(place, chipRadius, chipRadius);
-    }
-    if (isChosen && hasFocus()) {
+        painter.setOpacity(1);
+    };
+    if (chosen < 1)
+        fill(colours.chip, 1);
+    if (chosen > 0)
+        fill(colours.accent, chosen);
+    if (tab == m_hovered)
+        fill(tab == m_pressed ? colours.pressed : colours.hover, 1);
+    if (tab == m_store.panel().shownTab() && hasFocus()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(colours.selectedIcon, 1.5));
         painter.drawRoundedRect(place.adjusted(-2, -2, 2, 2), chipRadius + 2, chipRadius + 2);
     }
-    const auto ink = isChosen ? colours.onAccent : colours.text;
-    const double padding = isChosen ? chosenPadding : otherPadding;
-    m_symbols.paint(painter, symbolOf(tab),
-        { place.left() + padding, place.top(), symbolSize, place.height() }, symbolSize, ink);
-    if (!isChosen)
+    const double padding = otherPadding + (chosenPadding - otherPadding) * chosen;
+    const QRectF head(place.left() + padding, place.top(), symbolSize, place.height());
+    const auto draw = [&](const QColor& ink, double opacity) {
+        painter.setOpacity(opacity);
+        m_symbols.paint(painter, symbolOf(tab), head, symbolSize, ink);
+        painter.setOpacity(1);
+    };
+    if (chosen < 1)
+        draw(colours.text, 1 - chosen);
+    if (chosen <= 0)
         return;
+    draw(colours.onAccent, chosen);
     const auto text = place.adjusted(padding + symbolSize + titleGap, 0, -padding + 1, 0);
+    painter.setOpacity(chosen);
     painter.setFont(panelFont(12, QFont::Medium));
-    painter.setPen(ink);
+    painter.setPen(colours.onAccent);
+    // On its way the chip uncovers the name; only one that has arrived cuts it short.
+    painter.setClipRect(place);
+    const auto title = titleOf(tab);
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        QFontMetricsF(painter.font()).elidedText(titleOf(tab), Qt::ElideRight, text.width()));
+        chosen < 1 ? title : elidedText(title, QFontMetricsF(painter.font()), text.width()));
+    painter.setClipping(false);
+    painter.setOpacity(1);
 }
 
 void FilterTabBar::mouseMoveEvent(QMouseEvent* event)

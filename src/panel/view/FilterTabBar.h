@@ -1,12 +1,14 @@
 #pragma once
 
 #include "model/ClipStore.h"
+#include "panel/view/EasedValue.h"
 
 #include <QRectF>
 #include <QString>
 #include <QWidget>
 
 #include <array>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -15,12 +17,13 @@ namespace korvane {
 
 class Symbols;
 
-/// The row of filter tabs: a chip for each, the chosen one green and with its name.
+/// The row of filter tabs: a chip for each, the chosen one green and with its name, both of which
+/// move over to another tab when that is chosen.
 class FilterTabBar : public QWidget {
 public:
     /// @param switchTab  called with the tab that the user has clicked
-    FilterTabBar(ClipStore& store, Symbols& symbols, std::function<void(FilterTab)> switchTab,
-        QWidget* parent);
+    FilterTabBar(ClipStore& store, MainLoop& loop, Symbols& symbols,
+        std::function<void(FilterTab)> switchTab, QWidget* parent);
 
     /// Where a tab's chip is now.
     QRectF chip(FilterTab tab) const;
@@ -38,6 +41,7 @@ private:
     using Chips = std::array<QRectF, allFilterTabs.size()>;
 
     Chips chips() const;
+    void shownTabChanged();
     std::optional<FilterTab> tabAt(const QPointF& point) const;
     void setHovered(std::optional<FilterTab> tab);
     void paintChip(QPainter& painter, FilterTab tab, const QRectF& chip);
@@ -45,6 +49,8 @@ private:
     ClipStore& m_store;
     Symbols& m_symbols;
     std::function<void(FilterTab)> m_switchTab;
+    /// How far each tab is the chosen one, from 0 to 1.
+    std::deque<EasedValue> m_chosen;
     std::optional<FilterTab> m_hovered;
     std::optional<FilterTab> m_pressed;
     std::vector<Connection> m_connections;

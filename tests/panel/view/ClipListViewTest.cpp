@@ -9,8 +9,10 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QImage>
 #include <QToolTip>
 
+#include <algorithm>
 #include <string>
 
 namespace korvane {
@@ -311,6 +313,39 @@ namespace {
 
         EXPECT_EQ(f.list.offset(), 300);
         EXPECT_EQ(f.panel().panelOpenCount.value(), openings);
+    }
+
+    TEST(ClipListViewTest, WhileTheTabIsSwitchedTheListFadesAwayAndBack)
+    {
+        ListFixture f(3);
+        // How much darker than the ground the darkest pixel of a title is.
+        const auto ink = [&f] {
+            const auto image = f.list.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+            const auto row = f.list.rowRect(1).toAlignedRect();
+            int lightest = 0;
+            int darkest = 255;
+            for (int y = row.top(); y < row.center().y(); ++y) {
+                for (int x = row.left() + 50; x < row.left() + 110; ++x) {
+                    lightest = std::max(lightest, qGray(image.pixel(x, y)));
+                    darkest = std::min(darkest, qGray(image.pixel(x, y)));
+                }
+            }
+            return lightest - darkest;
+        };
+        const int whole = ink();
+        EXPECT_GT(whole, 100);
+
+        f.controller.switchTab(FilterTab::text);
+        EXPECT_EQ(ink(), whole);
+        f.loop.advance(100ms);
+        EXPECT_LT(ink(), whole);
+        f.loop.advance(120ms);
+        EXPECT_EQ(ink(), 0);
+
+        f.loop.advance(80ms); // the list has changed, and comes back
+        EXPECT_GT(ink(), 0);
+        f.loop.advance(120ms);
+        EXPECT_EQ(ink(), whole);
     }
 
 } // namespace

@@ -31,8 +31,8 @@ namespace {
         }
 
         Symbols symbols;
-        FilterTabBar bar { store, symbols, [this](FilterTab tab) { controller.switchTab(tab); },
-            nullptr };
+        FilterTabBar bar { store, loop, symbols,
+            [this](FilterTab tab) { controller.switchTab(tab); }, nullptr };
     };
 
     TEST(FilterTabBarTest, EveryTabHasItsSymbol)
@@ -76,10 +76,11 @@ namespace {
         TabBarFixture f;
 
         test::click(f.bar, f.bar.chip(FilterTab::code).center());
+        f.loop.advance(220ms);
 
         EXPECT_GT(f.bar.chip(FilterTab::code).width(), f.bar.chip(FilterTab::all).width());
         EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::all);
-        f.loop.advance(230ms);
+        f.loop.advance(10ms);
         EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::code);
     }
 
@@ -113,6 +114,7 @@ namespace {
         for (int press = 0; press < 3; ++press)
             f.controller.handle({ keycodes::tab, 0, "" });
 
+        f.loop.advance(220ms);
         EXPECT_GT(f.bar.chip(FilterTab::url).width(), f.bar.chip(FilterTab::all).width());
         f.loop.advance(1s);
         EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::url);
@@ -137,6 +139,54 @@ namespace {
         f.loop.advance(1s);
 
         EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::large);
+    }
+
+    TEST(FilterTabBarTest, TheGreenChipGoesOverFastAtFirstAndEverSlower)
+    {
+        TabBarFixture f;
+        const auto width = [&f] { return f.bar.chip(FilterTab::code).width(); };
+        const double before = width();
+        f.controller.switchTab(FilterTab::code);
+        EXPECT_EQ(width(), before);
+
+        f.loop.advance(100ms);
+        const double halfway = width();
+        f.loop.advance(120ms);
+        const double after = width();
+
+        EXPECT_GT(halfway, before);
+        EXPECT_LT(halfway, after);
+        EXPECT_GT(halfway - before, after - halfway);
+        EXPECT_NEAR(f.bar.chip(FilterTab::all).width(), before, 0.01);
+    }
+
+    TEST(FilterTabBarTest, WhileTheChipsMoveTheyFillTheBarWithoutTouching)
+    {
+        TabBarFixture f;
+        f.controller.switchTab(FilterTab::code);
+        for (int frame = 0; frame < 20; ++frame) {
+            if (frame == 5)
+                f.controller.switchTab(FilterTab::large);
+            f.loop.advance(16ms);
+            for (std::size_t i = 1; i < allFilterTabs.size(); ++i)
+                EXPECT_GT(
+                    f.bar.chip(allFilterTabs[i]).left(), f.bar.chip(allFilterTabs[i - 1]).right());
+            EXPECT_LE(f.bar.chip(FilterTab::large).right(), f.bar.width());
+        }
+    }
+
+    TEST(FilterTabBarTest, ABarThatHasComeToRestPaintsNothing)
+    {
+        TabBarFixture f;
+        f.controller.switchTab(FilterTab::code);
+        f.loop.advance(1s);
+        test::settle();
+        const test::PaintCounter paints(f.bar);
+
+        f.loop.advance(10s);
+        test::settle();
+
+        EXPECT_EQ(paints.count, 0);
     }
 
 } // namespace
