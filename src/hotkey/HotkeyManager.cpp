@@ -70,6 +70,7 @@ void HotkeyManager::saveShortcut(const Shortcut& shortcut)
     m_preferences.set(keys::hotkeyKeyLabel, shortcut.label);
     m_isSaving = false;
     m_stored = shortcut;
+    m_refused.reset();
 }
 
 bool HotkeyManager::changeShortcut(const Shortcut& shortcut)

@@ -7,7 +7,9 @@
 #include "model/Text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 namespace korvane {
@@ -33,6 +35,12 @@ namespace {
         clip.text = repairedUtf8(std::move(clip.text));
         repair(clip.sourceApp);
         repair(clip.customName);
+    }
+
+    bool isForWantOfRoom(const std::error_code& error)
+    {
+        return error == std::errc::no_space_on_device || error == std::errc::file_too_large
+            || error == std::error_code(EDQUOT, std::generic_category());
     }
 
 } // namespace
@@ -219,8 +227,8 @@ std::string ClipStore::fullText(const ClipItem& clip) const
 void ClipStore::save()
 {
     auto failure = m_history.save(m_clips);
-    if (failure && !m_goneWithFiles.empty()) {
-        // On a full disk what is to go may be just the room that the rest needs.
+    if (isForWantOfRoom(failure) && !m_goneWithFiles.empty()) {
+        // What is to go may be just the room that the rest needs.
         removeFilesOfGone();
         failure = m_history.save(m_clips);
     }

@@ -338,6 +338,20 @@ namespace {
         EXPECT_EQ(f.refusals, 2);
     }
 
+    TEST(HotkeyManagerTest, WhatWasRefusedFromOutsideIsTriedAgainAfterAnotherWasChosen)
+    {
+        HotkeyFixture f;
+        EXPECT_TRUE(f.registerStored());
+        f.grabber.taken.insert(optionCommandAChord);
+        f.storeFromOutside(0, 2304);
+        EXPECT_TRUE(f.manager.restoreDefaultShortcut());
+        f.grabber.taken.clear();
+
+        f.storeFromOutside(0, 2304);
+
+        EXPECT_EQ(f.grabber.held, optionCommandAChord);
+    }
+
     TEST(HotkeyManagerTest, AnImpossibleShortcutFromOutsideLeavesTheOldOneWorking)
     {
         HotkeyFixture f;
