@@ -38,6 +38,7 @@ namespace {
     TEST(FilterTabBarTest, EveryTabHasItsSymbol)
     {
         std::vector<std::string> symbols;
+        symbols.reserve(allFilterTabs.size());
         for (const auto tab : allFilterTabs)
             symbols.emplace_back(symbolOf(tab));
 
