@@ -202,8 +202,11 @@ bool ClipboardMonitor::isOwnWrite(const Copy& copy, std::string_view text)
 
 bool ClipboardMonitor::isRefused(const std::optional<RunningApplication>& application) const
 {
-    return application && application->bundleIdentifier
-        && m_ignoredApps.contains(*application->bundleIdentifier);
+    if (!application)
+        return false;
+    return !application->isKnown
+        || (application->bundleIdentifier
+            && m_ignoredApps.contains(*application->bundleIdentifier));
 }
 
 void ClipboardMonitor::deliver(const Copy& copy, std::string text, ClipType type)

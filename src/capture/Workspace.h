@@ -15,6 +15,9 @@ struct RunningApplication {
     std::optional<std::string> localizedName;
     /// The front window, for the backend alone; 0: none.
     std::uint64_t window = 0;
+    /// False: which application it was cannot be told any more, only that there was one. Nothing that
+    /// it copied may be kept, as it may have been any.
+    bool isKnown = true;
 };
 
 /// The applications on the desktop.

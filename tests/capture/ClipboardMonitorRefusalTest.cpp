@@ -152,6 +152,20 @@ namespace {
         EXPECT_EQ(told, 1);
     }
 
+    TEST(ClipboardMonitorRefusalTest, ACopyOfWhichNobodyKnowsWhoMadeItIsRefused)
+    {
+        MonitorFixture f;
+        f.workspace.front = RunningApplication { .bundleIdentifier = std::nullopt,
+            .localizedName = std::nullopt,
+            .window = 0,
+            .isKnown = false };
+
+        f.copyText("perhaps a secret");
+
+        EXPECT_EQ(f.texts(), Texts {});
+        EXPECT_EQ(f.pasteboard.reads, 0);
+    }
+
     TEST(ClipboardMonitorRefusalTest, WhatWasRefusedAsASecretIsNotAskedForAgain)
     {
         MonitorFixture f;

@@ -13,6 +13,9 @@ namespace korvane {
 
 namespace {
 
+    // The number under which the errors of requests that await no answer come among the events.
+    constexpr std::uint8_t errorEvent = 0;
+
     // Terminals that are often installed without a desktop entry of theirs, by class.
     constexpr auto terminalClasses = std::to_array<std::string_view>({ "Alacritty",
         "Gnome-terminal", "Konsole", "Rxvt", "St", "Terminator", "URxvt", "UXTerm", "XTerm",
@@ -41,6 +44,18 @@ namespace {
             if (const auto at = title.rfind(dash); at != std::string_view::npos)
                 start = std::max(start, at + dash.size());
         return std::string(title.substr(start));
+    }
+
+    // While a key of somebody's is held, the keyboard is only lent and comes back to whom it was.
+    bool isLent(const xcb_focus_in_event_t& focus)
+    {
+        return focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB;
+    }
+
+    bool isPointers(const xcb_focus_in_event_t& focus)
+    {
+        return focus.detail == XCB_NOTIFY_DETAIL_POINTER
+            || focus.detail == XCB_NOTIFY_DETAIL_POINTER_ROOT;
     }
 
     std::optional<std::string> unlessEmpty(std::string text)
@@ -79,22 +94,43 @@ void X11Workspace::watch()
             activeWindowChanged();
     }));
     m_events.push_back(m_connection.onEvent(XCB_FOCUS_IN, [this](const auto& event) {
-        const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
-        // While a key of somebody's is held, the keyboard is only lent and comes back to whom it was.
-        const bool isLent
-            = focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB;
-        const bool isPointer = focus.detail == XCB_NOTIFY_DETAIL_POINTER
-            || focus.detail == XCB_NOTIFY_DETAIL_POINTER_ROOT;
-        if (!isLent && !isPointer && m_listenedTo.contains(focus.event))
-            setFront(focus.event);
+        focusCame(reinterpret_cast<const xcb_focus_in_event_t&>(event));
+    }));
+    m_events.push_back(m_connection.onEvent(XCB_FOCUS_OUT, [this](const auto& event) {
+        focusLeft(reinterpret_cast<const xcb_focus_out_event_t&>(event));
     }));
     // Not every manager says that nothing is active: some leave the number of a window that is gone.
     m_events.push_back(m_connection.onEvent(XCB_DESTROY_NOTIFY, [this](const auto& event) {
-        const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
-        m_listenedTo.erase(gone.window);
-        if (m_front && gone.window == m_front->window)
-            m_front.reset();
+        windowIsGone(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
     }));
+    // What was gone before it could be listened to answers with an error, which comes in its place
+    // among the events.
+    m_events.push_back(m_connection.onEvent(errorEvent, [this](const auto& event) {
+        const auto& error = reinterpret_cast<const xcb_generic_error_t&>(event);
+        if (error.error_code == XCB_WINDOW)
+            windowIsGone(error.resource_id);
+    }));
+}
+
+void X11Workspace::focusCame(const xcb_focus_in_event_t& focus)
+{
+    if (!isLent(focus) && !isPointers(focus) && m_listenedTo.contains(focus.event))
+        setFront(focus.event);
+}
+
+void X11Workspace::focusLeft(const xcb_focus_out_event_t& focus)
+{
+    const bool isInside = focus.detail == XCB_NOTIFY_DETAIL_INFERIOR;
+    if (m_front && m_front->window == focus.event && !isLent(focus) && !isPointers(focus)
+        && !isInside)
+        m_front->hasKeyboard = false;
+}
+
+void X11Workspace::windowIsGone(xcb_window_t window)
+{
+    m_listenedTo.erase(window);
+    if (m_front && m_front->window == window)
+        m_front.reset();
 }
 
 void X11Workspace::listenToWindows()
@@ -114,7 +150,8 @@ void X11Workspace::activeWindowChanged()
     const auto window
         = readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW);
     // What was read is what it is now, which a later event will tell in its place.
-    if (isChangeWaiting())
+    m_hasMissedChange = isChangeWaiting();
+    if (m_hasMissedChange)
         return;
     // A panel that has taken the keyboard unknown to the manager, which then says that nothing is
     // active, leaves the application behind it the one that the user works in.
@@ -138,15 +175,17 @@ bool X11Workspace::isChangeWaiting()
 
 void X11Workspace::setFront(xcb_window_t window)
 {
-    m_front.reset();
     // Listened to before its properties are read, so that its end cannot fall in between. A window
     // that is not in the manager's list is listened to for its end alone.
     if (!m_listenedTo.contains(window)) {
         const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
     }
-    if (auto hints = readWindowHints(m_connection, window))
-        m_front = Front { window, std::move(*hints) };
+    auto hints = readWindowHints(m_connection, window);
+    if (!hints && m_front && m_front->window == window)
+        hints = std::move(m_front->hints); // gone just now: known by what it was
+    m_front = Front { window, std::move(hints) };
+    m_hasMissedChange = false;
 }
 
 bool X11Workspace::haveKeyboard()
@@ -156,34 +195,44 @@ bool X11Workspace::haveKeyboard()
     return focus && m_isOwnWindow(focus->focus);
 }
 
-const X11Workspace::Front* X11Workspace::front()
+// Managers tell of one window more than once: as long as it has the keyboard, nothing was missed.
+bool X11Workspace::isFrontUnknown() const
 {
-    if (!m_front)
+    return (m_hasMissedChange && !(m_front && m_front->hasKeyboard))
+        || (m_front && !m_front->hints);
+}
+
+const WindowHints* X11Workspace::frontHints()
+{
+    if (isFrontUnknown() || !m_front)
         return nullptr;
     // Its properties may have been set late. Where the window is gone, of which we have not been told
     // yet, it is known by what it was.
     if (auto hints = readWindowHints(m_connection, m_front->window))
-        m_front->hints = std::move(*hints);
-    return &*m_front;
+        m_front->hints = std::move(hints);
+    return &*m_front->hints;
 }
 
 std::optional<RunningApplication> X11Workspace::frontmost()
 {
-    const auto* inFront = front();
+    RunningApplication application;
+    application.isKnown = !isFrontUnknown();
+    if (!application.isKnown)
+        return application;
+    const auto* inFront = frontHints();
     if (inFront == nullptr)
         return std::nullopt;
 
-    const auto& program = inFront->hints.program;
+    const auto& program = inFront->program;
     const auto entry = m_entries.find(program);
-    RunningApplication application;
-    application.window = inFront->window;
+    application.window = m_front->window;
     if (const auto known = passwordManager(program, entry))
         application.bundleIdentifier = *known;
     else
         application.bundleIdentifier = unlessEmpty(entry ? entry->id : program.windowClass);
     application.localizedName = unlessEmpty(entry ? entry->name : program.windowClass);
     if (!application.localizedName)
-        application.localizedName = unlessEmpty(programInTitle(inFront->hints.title));
+        application.localizedName = unlessEmpty(programInTitle(inFront->title));
     return application;
 }
 
@@ -214,10 +263,10 @@ void X11Workspace::activate(const RunningApplication& application)
 
 bool X11Workspace::isTerminalInFront()
 {
-    const auto* inFront = front();
+    const auto* inFront = frontHints();
     if (inFront == nullptr)
         return false;
-    const auto& program = inFront->hints.program;
+    const auto& program = inFront->program;
     const auto entry = m_entries.find(program);
     return (entry && entry->isTerminal)
         || std::ranges::find(terminalClasses, program.windowClass) != terminalClasses.end();
