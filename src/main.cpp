@@ -6,6 +6,7 @@
 #include "app/view/PanelWindow.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
+#include "model/Files.h"
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
 #include "platform/Platform.h"
@@ -22,13 +23,15 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -191,29 +194,51 @@ namespace {
     /// clipboard to the desktop's clipboard manager, and would wait five seconds for one that hangs.
     /// Everything of ours is on the disk by then.
     struct FarewellLimit {
+        int status = EXIT_SUCCESS;
+
         FarewellLimit() = default;
         FarewellLimit(const FarewellLimit&) = delete;
         FarewellLimit& operator=(const FarewellLimit&) = delete;
         ~FarewellLimit()
         {
-            std::signal(SIGALRM, [](int) { ::_exit(EXIT_SUCCESS); });
-            ::alarm(1);
+            std::thread([status = status] {
+                std::this_thread::sleep_for(std::chrono::seconds { 1 });
+                ::_exit(status);
+            }).detach();
         }
     };
+
+    /// Whether the panel has a display. It is placed to the pixel outside the window manager's reach,
+    /// which X11 offers.
+    bool checkDisplay()
+    {
+        const char* const display = std::getenv("DISPLAY");
+        if (display != nullptr && hasDisplay())
+            return true;
+        say(stderr,
+            "korvane: there is no X11 display ("
+                + (display == nullptr ? std::string("DISPLAY is not set")
+                                      : "no X server answers at " + std::string(display))
+                + ")");
+        return false;
+    }
+
+    /// Whether the home is one that can be used: the place for data is there, or could be made. That
+    /// what is there cannot be written is no reason not to run.
+    bool checkHome(const BaseFolders& folders)
+    {
+        const auto error = makeFolder(folders.dataHome);
+        if (!error || ::access(folders.dataHome.c_str(), F_OK) == 0)
+            return true;
+        say(stderr,
+            "korvane: there is no usable home folder: cannot make " + folders.dataHome.string()
+                + ": " + error.message());
+        return false;
+    }
 
     int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders,
         InstanceClaim claim)
     {
-        // The panel is placed to the pixel outside the window manager's reach, which X11 offers.
-        const char* const display = std::getenv("DISPLAY");
-        if (display == nullptr || !hasDisplay()) {
-            say(stderr,
-                "korvane: there is no X11 display ("
-                    + (display == nullptr ? std::string("DISPLAY is not set")
-                                          : "no X server answers at " + std::string(display))
-                    + ")");
-            return EXIT_FAILURE;
-        }
         ::setenv("QT_QPA_PLATFORM", "xcb", 1);
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
@@ -224,7 +249,7 @@ namespace {
         const QApplication application(argc, argv);
 
         // Ends after the program and before the toolkit.
-        const FarewellLimit farewell;
+        FarewellLimit farewell;
         Program program(folders, std::move(claim));
         const auto dataFolder = folders.dataHome / folderName;
         if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
@@ -234,11 +259,11 @@ namespace {
             say(stderr,
                 "korvane: the stored shortcut is not possible; see hotkeyKeyCode and "
                 "hotkeyModifiers in preferences.json");
-            return EXIT_FAILURE;
+            return farewell.status = EXIT_FAILURE;
         }
         if (commandLine.opensPanel())
             program.fulfilSoon(commandLine.wish);
-        return QApplication::exec();
+        return farewell.status = QApplication::exec();
     }
 
     int main(int argc, char** argv)
@@ -271,8 +296,14 @@ namespace {
         case InstanceStart::Outcome::first:
             break;
         }
-        // One that was started with another runtime folder hears nobody who is started in this one.
         const auto dataFolder = folders->dataHome / folderName;
+        if (commandLine.startsProgram()) {
+            if (!checkDisplay() || !checkHome(*folders))
+                return EXIT_FAILURE;
+            // If it cannot be made, the history is not kept; that is told when all stands.
+            static_cast<void>(makeFolder(dataFolder));
+        }
+        // One that was started with another runtime folder hears nobody who is started in this one.
         const auto history = claimFolder(dataFolder);
         if (!history) {
             say(stderr,

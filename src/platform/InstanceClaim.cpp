@@ -137,7 +137,6 @@ InstanceStart startInstance(const fs::path& folder, Wish wish, std::chrono::mill
 std::optional<Descriptor> claimFolder(const fs::path& folder, std::chrono::milliseconds patience)
 {
     const auto deadline = Clock::now() + patience;
-    static_cast<void>(makeFolder(folder));
     Descriptor claim(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!claim.isOpen())
         return claim;

@@ -52,9 +52,8 @@ InstanceStart startInstance(const std::filesystem::path& folder, Wish wish,
 
 /// Claims the folder of a history for this process, until the descriptor is closed or the process
 /// ends: two programs that write one history, from two sessions of the user, would each undo what
-/// the other has saved. The folder is made when it is missing. A descriptor that is not open: the
-/// folder cannot be claimed (it cannot be made, or its file system knows no locks), and nobody else
-/// can have done so. None: another process has it, and has kept it for all of the patience.
+/// the other has saved. A descriptor that is not open: the folder cannot be claimed (it is not there,
+/// or its file system knows no locks), and nobody else can have done so. None: another process has it, and has kept it for all of the patience.
 std::optional<Descriptor> claimFolder(const std::filesystem::path& folder,
     std::chrono::milliseconds patience = std::chrono::seconds(2));
 

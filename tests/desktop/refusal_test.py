@@ -30,6 +30,11 @@ class RefusalTest(DesktopTest):
                                 check=False, timeout=20)
         self.assertEqual((answer.returncode, answer.stdout, answer.stderr), (status, "", line + "\n"))
 
+    def expect_silence(self, *arguments):
+        answer = subprocess.run([PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
+                                check=False, timeout=20)
+        self.assertEqual((answer.returncode, answer.stdout, answer.stderr), (0, "", ""))
+
     def without(self, *names):
         for name in names:
             self.environment.pop(name, None)
@@ -61,6 +66,19 @@ class RefusalTest(DesktopTest):
         self.without("DISPLAY", "WAYLAND_DISPLAY")
         self.expect(1, "korvane: there is no X11 display (DISPLAY is not set)")
         self.assertEqual(self.history.path.read_bytes(), before)
+
+    def test_without_a_display_and_for_wishes_no_folder_is_made(self):
+        self.expect_silence("--quit")
+        self.expect_silence("--hide")
+        self.without("DISPLAY", "WAYLAND_DISPLAY")
+        self.expect(1, "korvane: there is no X11 display (DISPLAY is not set)")
+        self.assertFalse(self.history.path.parent.exists())
+
+    def test_with_a_home_in_which_no_folder_can_be_made(self):
+        self.without("XDG_DATA_HOME", "XDG_CONFIG_HOME")
+        self.environment["HOME"] = "/proc/nowhere"
+        self.expect(1, "korvane: there is no usable home folder: cannot make /proc/nowhere/.local/share: "
+                       "No such file or directory")
 
     def test_with_a_stored_shortcut_that_is_not_possible(self):
         for preferences in ({"hotkeyKeyCode": -1}, {"hotkeyModifiers": 4294967296}):

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 namespace korvane {
@@ -12,19 +13,17 @@ namespace {
 
     using namespace std::chrono_literals;
     using test::Bell;
-    using test::modeOf;
     using test::Process;
     using test::TempFolder;
 
-    TEST(FolderClaimTest, AFolderIsMadeAndClaimedOnce)
+    TEST(FolderClaimTest, AFolderIsClaimedOnce)
     {
         const TempFolder folder;
-        const auto data = folder.path() / "data";
 
-        const auto first = claimFolder(data);
+        const auto first = claimFolder(folder.path());
+
         ASSERT_TRUE(first && first->isOpen());
-        EXPECT_EQ(modeOf(data), 0700U);
-        EXPECT_FALSE(claimFolder(data, 50ms));
+        EXPECT_FALSE(claimFolder(folder.path(), 50ms));
     }
 
     TEST(FolderClaimTest, AClaimEndsWithItsProcessHoweverThatEnds)
@@ -45,15 +44,17 @@ namespace {
         EXPECT_TRUE(claimFolder(folder.path(), 10s));
     }
 
-    TEST(FolderClaimTest, AFolderThatCannotBeMadeCannotBeClaimedByAnyone)
+    TEST(FolderClaimTest, WhatIsNoFolderCannotBeClaimedByAnyoneAndIsNotMade)
     {
         const TempFolder folder;
         std::ofstream(folder.path() / "file") << "no folder";
 
-        const auto claim = claimFolder(folder.path() / "file", 50ms);
-
-        ASSERT_TRUE(claim);
-        EXPECT_FALSE(claim->isOpen());
+        for (const auto* name : { "file", "missing" }) {
+            const auto claim = claimFolder(folder.path() / name, 50ms);
+            ASSERT_TRUE(claim) << name;
+            EXPECT_FALSE(claim->isOpen()) << name;
+        }
+        EXPECT_FALSE(std::filesystem::exists(folder.path() / "missing"));
     }
 
 } // namespace
