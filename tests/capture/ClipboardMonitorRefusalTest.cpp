@@ -96,6 +96,46 @@ namespace {
         EXPECT_EQ(f.monitor.lastOwnText(), "own");
     }
 
+    TEST(ClipboardMonitorRefusalTest, TheApplicationIsAskedForBeforeFilesAndOwnTextAre)
+    {
+        MonitorFixture f;
+        f.monitor.addIgnoredApp("org.example.bank");
+        f.workspace.bringToFront("org.example.bank", "Bank");
+        f.monitor.absorbOwnWrite("own");
+
+        f.pasteboard.copy({ .isSecret = false, .uriList = "file:///tmp/a", .text = "own" });
+        f.loop.turn();
+
+        EXPECT_EQ(f.pasteboard.reads, 0);
+        EXPECT_EQ(f.texts(), Texts {});
+        EXPECT_EQ(f.monitor.lastOwnText(), "own");
+    }
+
+    TEST(ClipboardMonitorRefusalTest, FilesAreLookedAtBeforeTheOwnTextIs)
+    {
+        MonitorFixture f;
+        f.monitor.absorbOwnWrite("own");
+
+        f.pasteboard.copy({ .isSecret = false, .uriList = "file:///tmp/a", .text = "own" });
+        f.loop.turn();
+
+        EXPECT_EQ(f.texts(), Texts { "/tmp/a" });
+        EXPECT_EQ(f.monitor.lastOwnText(), "own");
+    }
+
+    TEST(ClipboardMonitorRefusalTest, PrivateModeIsAskedForBeforeTheChangeIsSeen)
+    {
+        MonitorFixture f;
+        f.monitor.addIgnoredApp("org.example.bank");
+        f.workspace.bringToFront("org.example.bank", "Bank");
+        f.monitor.setPrivateModeEnabled(true);
+        const auto seen = f.monitor.lastChangeCount();
+
+        f.copyText("1234");
+
+        EXPECT_EQ(f.monitor.lastChangeCount(), seen);
+    }
+
     TEST(ClipboardMonitorRefusalTest, AnApplicationAddedWhileItAnswersIsRefused)
     {
         MonitorFixture f;

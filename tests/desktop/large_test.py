@@ -32,6 +32,13 @@ class LargeTest(DesktopTest):
         self.history.wait_for("the large clip", lambda clips: len(clips) == 1, LONG)
         return self.history.clips()[0]
 
+    def expect_on_the_clipboard(self, text):
+        """Return puts the text there, where another program finds it."""
+        owner = self.screen.owner()
+        self.keys.press("Return")
+        wait_for("Korvane owns the clipboard", lambda: self.screen.owner() not in (0, owner), LONG)
+        self.assertEqual(hashlib.sha256(self.clipboard.get(seconds=LONG)).digest(), hashlib.sha256(text).digest())
+
     def test_it_is_captured_into_a_file_of_its_own_and_pasted_back_byte_for_byte(self):
         text = large_text()
         wanted = hashlib.sha256(text).hexdigest()
@@ -57,14 +64,23 @@ class LargeTest(DesktopTest):
         self.clipboard.set("the next copy")
         self.history.wait_for("once", lambda clips: len(clips) == 3 and clips[0]["text"] == "the next copy", LONG)
 
+    def test_ten_megabytes_on_one_line_are_a_row_like_any_other_and_are_there_after_a_restart(self):
+        text = b"x" * (10 * 1024 * 1024)
+        record = self.capture(text)
+        self.assertEqual(record["overflowByteCount"], len(text))
+        self.korvane.quit()
+        self.assertEqual(digest(record["overflowPath"]), hashlib.sha256(text).hexdigest())
+
+        self.korvane.start()
+        self.assertEqual(self.history.clips(), [record])
+        self.assertEqual(self.korvane.open().height, 250)
+        self.expect_on_the_clipboard(text)
+
     def test_another_program_reads_it_from_korvane_byte_for_byte(self):
         text = large_text()
         self.capture(text)
-        owner = self.screen.owner()
         self.korvane.open()
-        self.keys.press("Return")
-        wait_for("Korvane owns the clipboard", lambda: self.screen.owner() not in (0, owner), LONG)
-        self.assertEqual(hashlib.sha256(self.clipboard.get(seconds=LONG)).digest(), hashlib.sha256(text).digest())
+        self.expect_on_the_clipboard(text)
 
     def test_a_large_clip_whose_file_is_gone_pastes_its_beginning(self):
         editor = Mousepad(self.desk)

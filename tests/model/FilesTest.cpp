@@ -14,24 +14,11 @@ namespace korvane {
 namespace {
 
     namespace fs = std::filesystem;
+    using test::modeOf;
+    using test::namesIn;
     using test::readBytes;
     using test::TempFolder;
     using test::writeBytes;
-
-    unsigned modeOf(const fs::path& path)
-    {
-        struct stat status { };
-        EXPECT_EQ(::lstat(path.c_str(), &status), 0);
-        return status.st_mode & 07777U;
-    }
-
-    std::set<std::string> namesIn(const fs::path& folder)
-    {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder))
-            names.insert(entry.path().filename());
-        return names;
-    }
 
     std::error_code writeWhole(const fs::path& path, std::string_view bytes)
     {

@@ -107,6 +107,36 @@ namespace {
             && (onDisk.empty() || onDisk[0].id == unsaved);
     }
 
+    /// What a large clip leaves is too little: then the history of before stands, whole, and the clip
+    /// in it gives its beginning. The next save that finds room holds the list as it is.
+    bool tooLittleRoomLeavesAWholeHistory()
+    {
+        SmallDiskStore f;
+        f.preferences.set(keys::maxClipSizeKB, std::int64_t { 1 });
+        f.open();
+        f.add("before");
+        f.add(std::string(5000, 'x'));
+        const auto saved = f.fileBytes();
+        f.store->setMaxClipSizeKB(1024);
+        f.add(std::string(diskSize, 'y'));
+        bool isRight = f.isSmall && f.fileBytes() == saved;
+
+        f.store->deleteClip(ClipItem(f.store->clips()[1]));
+
+        isRight = isRight && f.fileBytes() == saved && f.filesBeside() == 2 && f.log.lines.empty()
+            && f.store->clips().size() == 2;
+        ClipStore next(f.folder(), f.preferences, f.loop, f.log); // as a start after a crash
+        isRight = isRight && next.clips().size() == 2
+            && next.fullText(next.clips()[0]) == std::string(4096, 'x');
+        f.store->deleteClip(ClipItem(f.store->clips()[0]));
+        return isRight && StoreFixture::textsOf(f.open()) == std::vector<std::string> { "before" };
+    }
+
+    TEST(FullDiskTest, TooLittleRoomLeavesAWholeHistoryAndTheListInMemory)
+    {
+        EXPECT_TRUE(test::holdsInChild(tooLittleRoomLeavesAWholeHistory));
+    }
+
     TEST(FullDiskTest, DeletingALargeClipFreesTheRoomThatTheRestNeeds)
     {
         EXPECT_TRUE(test::holdsInChild([] {

@@ -15,23 +15,10 @@ namespace korvane {
 namespace {
 
     namespace fs = std::filesystem;
+    using test::modeOf;
+    using test::namesIn;
     using test::StoreFixture;
     using Texts = std::vector<std::string>;
-
-    unsigned modeOf(const fs::path& path)
-    {
-        struct stat status { };
-        EXPECT_EQ(::lstat(path.c_str(), &status), 0);
-        return status.st_mode & 07777U;
-    }
-
-    std::set<std::string> namesIn(const fs::path& folder)
-    {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder))
-            names.insert(entry.path().filename());
-        return names;
-    }
 
     TEST(HistoryFileTest, FoldersAndFilesAreTheUsersAloneWhateverTheUmask)
     {

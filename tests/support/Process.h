@@ -4,24 +4,15 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <csignal>
-#include <filesystem>
 #include <functional>
 #include <utility>
 
 namespace korvane::test {
-
-/// The permission bits of what lies at a path, itself and not where it leads; 0: nothing.
-inline mode_t modeOf(const std::filesystem::path& path)
-{
-    struct stat status { };
-    return ::lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
 
 /// Another process. It is ended with us, if it has not ended by itself.
 class Process {

@@ -96,11 +96,15 @@ std::string_view symbolOf(ClipType type)
 void ClipRowView::paint(QPainter& painter, const QRectF& row, const ClipRow& shown, TimePoint now,
     const QPalette& palette)
 {
+    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    // A letter may carry a tower of marks, which must not stand on the rows above.
+    painter.setClipRect(row, Qt::IntersectClip);
     paintGround(painter, row, shown, palette);
     paintKind(painter, row, shown, palette);
     paintTexts(painter, row, shown, now, palette);
     paintMarks(painter, row, shown, palette);
+    painter.restore();
 }
 
 QRectF ClipRowView::titleRect(const QRectF& row, const ClipRow& shown) const

@@ -152,6 +152,28 @@ namespace {
         }
     }
 
+    TEST(ClipRowViewTest, ATowerOfMarksOnOneLetterStaysInItsRow)
+    {
+        RowFixture f;
+        for (const int count : { 5, 30, 100, 390, 1000 }) {
+            f.clip.text = "a";
+            for (int mark = 0; mark < count; ++mark)
+                f.clip.text += "\u0301";
+            QImage image(348, 448, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            f.view.paint(painter, { 0, 200, 348, 48 }, { .clip = f.clip }, {}, f.palette);
+            painter.end();
+
+            QImage around = image;
+            QPainter(&around).fillRect(0, 200, 348, 48, Qt::white);
+            QImage white = image;
+            white.fill(Qt::white);
+            EXPECT_EQ(around, white) << count;
+            EXPECT_NE(image, white) << count;
+        }
+    }
+
     TEST(ClipRowViewTest, ALongApplicationNameGivesWayToAgeAndSize)
     {
         RowFixture f;

@@ -20,6 +20,7 @@ namespace korvane {
 namespace {
 
     namespace fs = std::filesystem;
+    using test::modeOf;
     using namespace std::string_literals;
 
     constexpr auto cannotRead = "Korvane: preferences.json cannot be read; the defaults are used";
@@ -36,12 +37,6 @@ namespace {
         std::ofstream stream(file, std::ios::trunc);
         stream << text;
         ASSERT_TRUE(stream.flush().good()) << file;
-    }
-
-    mode_t modeOf(const fs::path& path)
-    {
-        struct stat status { };
-        return ::lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
     }
 
     PreferenceValue integer(std::int64_t value)
