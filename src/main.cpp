@@ -10,7 +10,7 @@
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
 #include "platform/Platform.h"
-#include "platform/qt/PortalColorScheme.h"
+#include "platform/qt/PortalSettings.h"
 #include "platform/qt/QtMainLoop.h"
 #include "platform/xdg/BaseFolders.h"
 #include "platform/xdg/CanberraSoundPlayer.h"
@@ -98,7 +98,7 @@ namespace {
             , m_sounds(findSoundsFolder(QCoreApplication::applicationFilePath().toStdString(),
                            KORVANE_SOUNDS_DIR),
                   m_log)
-            , m_theme(m_colourScheme.isDark())
+            , m_theme(m_portal.isDark(), m_portal.isAnimated())
             , m_screens(
                   m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
             , m_app(ports(), folders.dataHome / folderName)
@@ -180,7 +180,7 @@ namespace {
         Platform m_platform;
         XdgDesktop m_desktop;
         CanberraSoundPlayer m_sounds;
-        PortalColorScheme m_colourScheme;
+        PortalSettings m_portal;
         ApplicationTheme m_theme;
         AlertBoxes m_alerts;
         TrayItem m_tray;

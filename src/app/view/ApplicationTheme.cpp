@@ -1,7 +1,9 @@
 #include "app/view/ApplicationTheme.h"
 
 #include <QApplication>
-#include <QStyleFactory>
+#include <QProxyStyle>
+
+#include <memory>
 
 namespace korvane {
 
@@ -17,13 +19,37 @@ namespace {
             mixed(ground.greenF(), colour.greenF()), mixed(ground.blueF(), colour.blueF()));
     }
 
+    /// The one style of the toolkit that takes every colour from the palette, without motion where
+    /// none is wanted: the toolkit's own controls and ours ask it.
+    class ProgramStyle : public QProxyStyle {
+    public:
+        explicit ProgramStyle(Observable<bool>& isAnimated)
+            : QProxyStyle(QStringLiteral("Fusion"))
+            , m_isAnimated(isAnimated.value())
+            , m_changed(isAnimated.onChange([this](bool is) { m_isAnimated = is; }))
+        {
+        }
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+            QStyleHintReturn* data) const override
+        {
+            if (hint == SH_Widget_Animation_Duration)
+                return m_isAnimated ? standardDuration : 0;
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
+
+    private:
+        static constexpr int standardDuration = 200; // milliseconds
+
+        bool m_isAnimated;
+        Connection m_changed;
+    };
+
 } // namespace
 
-ApplicationTheme::ApplicationTheme(Observable<bool>& systemIsDark)
+ApplicationTheme::ApplicationTheme(Observable<bool>& systemIsDark, Observable<bool>& isAnimated)
     : m_systemIsDark(systemIsDark)
 {
-    // The one style that takes every colour from the palette.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(std::make_unique<ProgramStyle>(isAnimated).release()); // the toolkit's
     // A cursor that blinks would repaint the panel twice a second while nothing happens.
     QApplication::setCursorFlashTime(0);
     m_systemChanged = m_systemIsDark.observe([this](bool) { dress(); });

@@ -8,11 +8,12 @@
 
 namespace korvane {
 
-/// Gives all windows of the program their colours.
+/// Gives all windows of the program their colours, and stills them where the user wants no animations.
 class ApplicationTheme : public Appearance {
 public:
     /// @param systemIsDark  what the desktop prefers; followed by `Theme::automatic`
-    explicit ApplicationTheme(Observable<bool>& systemIsDark);
+    /// @param isAnimated    whether the desktop lets things move; may change at any time
+    ApplicationTheme(Observable<bool>& systemIsDark, Observable<bool>& isAnimated);
 
     void apply(Theme theme) override;
 

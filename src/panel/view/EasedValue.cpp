@@ -1,13 +1,32 @@
 #include "panel/view/EasedValue.h"
 
+#include <QApplication>
+#include <QScreen>
+#include <QStyle>
+
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace korvane {
 
 namespace {
-    /// A frame of most screens.
-    constexpr std::chrono::milliseconds frame { 16 };
+
+    /// How long the screen shows one picture.
+    std::chrono::milliseconds frame()
+    {
+        const auto* screen = QGuiApplication::primaryScreen();
+        const double rate = screen != nullptr ? screen->refreshRate() : 0;
+        return std::chrono::milliseconds { rate > 0 ? std::clamp(std::lround(1000 / rate), 4L, 40L)
+                                                    : 16 };
+    }
+
+    /// Whether the user wants things to move, as the style has it.
+    bool isAnimated()
+    {
+        return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+    }
+
 } // namespace
 
 EasedValue::EasedValue(MainLoop& loop, double value, std::function<void()> changed)
@@ -28,7 +47,17 @@ void EasedValue::goTo(double target, std::chrono::milliseconds duration)
     m_target = target;
     m_began = m_loop.now();
     m_duration = duration;
-    m_tick = m_loop.every(frame, [this] { step(); });
+    if (isAnimated())
+        m_tick = m_loop.every(frame(), [this] { step(); });
+    else
+        setNow(target);
+}
+
+void EasedValue::setNow(double value)
+{
+    m_tick.stop();
+    m_value = m_target = value;
+    m_changed();
 }
 
 void EasedValue::step()
@@ -39,10 +68,10 @@ void EasedValue::step()
         ? 1
         : std::min(
             1.0, static_cast<double>(passed.count()) / static_cast<double>(m_duration.count()));
-    const double eased = 1 - (1 - share) * (1 - share);
-    m_value = share < 1 ? m_from + (m_target - m_from) * eased : m_target;
     if (share >= 1)
-        m_tick.stop();
+        return setNow(m_target);
+    const double eased = 1 - (1 - share) * (1 - share);
+    m_value = m_from + (m_target - m_from) * eased;
     m_changed();
 }
 

@@ -8,7 +8,8 @@
 namespace korvane {
 
 /// A number that goes to another one in a given time, fast at first and ever slower, from wherever it
-/// is just then. While it stands still it costs nothing.
+/// is just then, with a step for each frame of the screen. While it stands still it costs nothing; on
+/// a desktop that wants no animations it is there at once.
 class EasedValue {
 public:
     /// @param changed  called with each step
@@ -16,6 +17,8 @@ public:
 
     double value() const { return m_value; }
     void goTo(double target, std::chrono::milliseconds duration);
+    /// Ends what is under way and stands at the value.
+    void setNow(double value);
 
 private:
     void step();

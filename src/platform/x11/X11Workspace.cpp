@@ -204,13 +204,13 @@ bool X11Workspace::isFrontUnknown() const
 
 const WindowHints* X11Workspace::frontHints()
 {
-    if (isFrontUnknown() || !m_front)
+    if (!m_front)
         return nullptr;
     // Its properties may have been set late. Where the window is gone, of which we have not been told
     // yet, it is known by what it was.
     if (auto hints = readWindowHints(m_connection, m_front->window))
         m_front->hints = std::move(hints);
-    return &*m_front->hints;
+    return m_front->hints ? &*m_front->hints : nullptr;
 }
 
 std::optional<RunningApplication> X11Workspace::frontmost()

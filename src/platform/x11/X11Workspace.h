@@ -57,8 +57,8 @@ private:
     bool haveKeyboard();
     /// Somebody is in front, and it is too late to learn who.
     bool isFrontUnknown() const;
-    /// The hints of what is in front as far as the events have been delivered; none: nothing is, or
-    /// we are, or it is unknown.
+    /// The hints of what was in front when it was last known; none: nothing was, or we were, or it is
+    /// gone.
     const WindowHints* frontHints();
 
     X11Connection& m_connection;

@@ -1,5 +1,8 @@
 #include "app/view/ApplicationTheme.h"
 
+#include "panel/view/EasedValue.h"
+#include "support/ManualLoop.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -14,10 +17,15 @@ namespace {
     }
 
     struct ThemeFixture {
-        ~ThemeFixture() { theme.apply(Theme::light); }
+        ~ThemeFixture()
+        {
+            theme.apply(Theme::light);
+            isAnimated.set(true);
+        }
 
         Observable<bool> systemIsDark { false };
-        ApplicationTheme theme { systemIsDark };
+        Observable<bool> isAnimated { true };
+        ApplicationTheme theme { systemIsDark, isAnimated };
     };
 
     TEST(ApplicationThemeTest, AChosenThemeHoldsWhateverTheDesktopPrefers)
@@ -30,6 +38,26 @@ namespace {
         f.theme.apply(Theme::light);
 
         EXPECT_EQ(shown(), ColourScheme::light);
+    }
+
+    TEST(ApplicationThemeTest, NothingMovesWhereTheDesktopWantsNoAnimations)
+    {
+        ThemeFixture f;
+        test::ManualLoop loop;
+        int steps = 0;
+        EasedValue value { loop, 0, [&steps] { ++steps; } };
+
+        f.isAnimated.set(false);
+        value.goTo(1, std::chrono::milliseconds { 200 });
+        EXPECT_EQ(value.value(), 1);
+        EXPECT_EQ(steps, 1);
+
+        f.isAnimated.set(true);
+        value.goTo(0, std::chrono::milliseconds { 200 });
+        EXPECT_EQ(value.value(), 1);
+        loop.advance(std::chrono::milliseconds { 220 });
+        EXPECT_EQ(value.value(), 0);
+        EXPECT_GT(steps, 5);
     }
 
     TEST(ApplicationThemeTest, TheAutomaticThemeFollowsTheDesktop)

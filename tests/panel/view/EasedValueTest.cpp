@@ -41,7 +41,7 @@ namespace {
 
         f.value.goTo(0, 200ms);
         EXPECT_EQ(f.value.value(), turned);
-        f.loop.advance(16ms);
+        f.loop.advance(20ms);
         EXPECT_LT(f.value.value(), turned);
         EXPECT_GT(f.value.value(), 0);
         f.loop.advance(200ms);

@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     korvane::Observable<bool> systemIsDark { false };
-    const korvane::ApplicationTheme theme(systemIsDark);
+    korvane::Observable<bool> isAnimated { true };
+    const korvane::ApplicationTheme theme(systemIsDark, isAnimated);
     return RUN_ALL_TESTS();
 }

@@ -297,6 +297,29 @@ namespace {
         EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "Editor");
     }
 
+    TEST(X11WorkspaceTest, AKeyboardThatIsLentOrGivenToAChildIsStillTheWindows)
+    {
+        WorkspaceFixture f;
+        f.window.setClass("editor", "Editor");
+        ASSERT_TRUE(f.whenInFront());
+        const auto child = xcb_generate_id(f.otherProgram.get());
+        xcb_create_window(f.otherProgram.get(), XCB_COPY_FROM_PARENT, child, f.window.id(), 0, 0, 9,
+            9, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(f.otherProgram.get(), child);
+
+        f.holdUp();
+        ASSERT_TRUE(f.holdKeyboard()); // as an open menu does
+        xcb_ungrab_keyboard(f.otherProgram.get(), XCB_CURRENT_TIME);
+        xcb_set_input_focus(f.otherProgram.get(), XCB_INPUT_FOCUS_PARENT, child, XCB_CURRENT_TIME);
+        f.setActive(f.window.id());
+        f.copy();
+        f.setActive(f.window.id());
+
+        ASSERT_TRUE(f.atTheCopy());
+        EXPECT_TRUE(f.atTheCopy()->isKnown);
+        EXPECT_EQ(f.atTheCopy()->bundleIdentifier, "Editor");
+    }
+
     TEST(X11WorkspaceTest, ACopyInAWindowThatCameWhileTheLoopWasBusyIsNobodysThatIsKnown)
     {
         WorkspaceFixture f;

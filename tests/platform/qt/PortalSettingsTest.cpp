@@ -1,15 +1,15 @@
-#include "platform/qt/PortalColorScheme.h"
+#include "platform/qt/PortalSettings.h"
 
 #include "support/EventLoop.h"
 #include "support/SessionBus.h"
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QMap>
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -24,9 +24,10 @@ namespace {
     /// The desktop's portal, with a user who may change their mind.
     class Portal : public QDBusVirtualObject {
     public:
-        Portal(const QDBusConnection& bus, uint scheme)
+        /// @param settings  by "namespace key"; it knows no other
+        Portal(const QDBusConnection& bus, QMap<QString, QVariant> settings)
             : m_bus(bus)
-            , m_scheme(scheme)
+            , m_settings(std::move(settings))
         {
             EXPECT_TRUE(m_bus.registerVirtualObject(path, this));
             EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
@@ -35,50 +36,86 @@ namespace {
         QString introspect(const QString&) const override { return {}; }
         bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
         {
-            asked.push_back(message.arguments());
+            const auto question = message.arguments();
+            const auto known = m_settings.constFind(
+                question.value(0).toString() + u' ' + question.value(1).toString());
+            if (known == m_settings.constEnd()) {
+                bus.send(message.createErrorReply(
+                    "org.freedesktop.portal.Error.NotFound", "Requested setting not found"));
+                return true;
+            }
             // A variant in a variant, as this call has always answered.
-            const auto inner = QVariant::fromValue(QDBusVariant(m_scheme));
+            const auto inner = QVariant::fromValue(QDBusVariant(*known));
             bus.send(message.createReply(QVariant::fromValue(QDBusVariant(inner))));
             return true;
         }
-        void change(const QString& key, const QVariant& value)
+        void change(const QString& key, const QVariant& value, const QString& inSpace = space)
         {
             auto signal = QDBusMessage::createSignal(path, interface, "SettingChanged");
-            signal << QString(space) << key << QVariant::fromValue(QDBusVariant(value));
+            signal << inSpace << key << QVariant::fromValue(QDBusVariant(value));
             m_bus.send(signal);
         }
 
-        std::vector<QVariantList> asked;
-
     private:
         QDBusConnection m_bus;
-        uint m_scheme;
+        QMap<QString, QVariant> m_settings;
     };
 
     struct PortalFixture {
         explicit PortalFixture(uint preferred)
-            : portal(bus.connection("portal"), preferred)
+            : PortalFixture(
+                { { QStringLiteral("org.freedesktop.appearance color-scheme"), preferred } })
+        {
+        }
+        explicit PortalFixture(QMap<QString, QVariant> settings)
+            : portal(bus.connection("portal"), std::move(settings))
         {
         }
 
         SessionBus bus;
         Portal portal;
-        PortalColorScheme scheme { bus.connection("korvane") };
+        PortalSettings scheme { bus.connection("korvane") };
     };
 
-    TEST(PortalColorSchemeTest, ADesktopThatPrefersDarkIsDarkOnceItHasAnswered)
+    TEST(PortalSettingsTest, ADesktopThatPrefersDarkIsDarkOnceItHasAnswered)
     {
         PortalFixture f(1);
         EXPECT_FALSE(f.scheme.isDark().value());
 
         EXPECT_TRUE(waitUntil([&] { return f.scheme.isDark().value(); }));
-
-        ASSERT_EQ(f.portal.asked.size(), 1U);
-        EXPECT_EQ(f.portal.asked.front(),
-            (QVariantList { QString(space), QStringLiteral("color-scheme") }));
+        EXPECT_TRUE(f.scheme.isAnimated().value());
     }
 
-    TEST(PortalColorSchemeTest, AChangeIsFollowedInBothDirections)
+    TEST(PortalSettingsTest, ADesktopThatAsksForNoAnimationsGetsNoneOnceItHasAnswered)
+    {
+        for (const auto& [name, value] : QMap<QString, QVariant> {
+                 { "org.gnome.desktop.interface enable-animations", false },
+                 { "org.kde.kdeglobals.KDE AnimationDurationFactor",
+                     "0" } }.asKeyValueRange()) {
+            PortalFixture f({ { name, value } });
+            EXPECT_TRUE(f.scheme.isAnimated().value());
+
+            EXPECT_TRUE(waitUntil([&] { return !f.scheme.isAnimated().value(); }));
+            EXPECT_FALSE(f.scheme.isDark().value());
+        }
+    }
+
+    TEST(PortalSettingsTest, AnimationsThatAreTurnedOnAgainAreBack)
+    {
+        const QString gnome = "org.gnome.desktop.interface";
+        const QString kde = "org.kde.kdeglobals.KDE";
+        PortalFixture f({ { gnome + " enable-animations", false } });
+        ASSERT_TRUE(waitUntil([&] { return !f.scheme.isAnimated().value(); }));
+
+        f.portal.change("enable-animations", true, gnome);
+        EXPECT_TRUE(waitUntil([&] { return f.scheme.isAnimated().value(); }));
+        f.portal.change("AnimationDurationFactor", 0.0, kde);
+        EXPECT_TRUE(waitUntil([&] { return !f.scheme.isAnimated().value(); }));
+        f.portal.change("AnimationDurationFactor", QStringLiteral("0.5"), kde);
+        EXPECT_TRUE(waitUntil([&] { return f.scheme.isAnimated().value(); }));
+    }
+
+    TEST(PortalSettingsTest, AChangeIsFollowedInBothDirections)
     {
         PortalFixture f(1);
         ASSERT_TRUE(waitUntil([&] { return f.scheme.isDark().value(); }));
@@ -92,7 +129,7 @@ namespace {
         EXPECT_TRUE(waitUntil([&] { return !f.scheme.isDark().value(); }));
     }
 
-    TEST(PortalColorSchemeTest, AnotherSettingChangesNothing)
+    TEST(PortalSettingsTest, AnotherSettingChangesNothing)
     {
         PortalFixture f(1);
         ASSERT_TRUE(waitUntil([&] { return f.scheme.isDark().value(); }));
@@ -106,7 +143,7 @@ namespace {
         EXPECT_EQ(changes, 1);
     }
 
-    TEST(PortalColorSchemeTest, AnAnswerOfAnotherKindIsLight)
+    TEST(PortalSettingsTest, AnAnswerOfAnotherKindIsLight)
     {
         PortalFixture f(1);
         ASSERT_TRUE(waitUntil([&] { return f.scheme.isDark().value(); }));
@@ -116,11 +153,11 @@ namespace {
         EXPECT_TRUE(waitUntil([&] { return !f.scheme.isDark().value(); }));
     }
 
-    TEST(PortalColorSchemeTest, WithoutAPortalItIsLight)
+    TEST(PortalSettingsTest, WithoutAPortalItIsLight)
     {
         SessionBus bus;
         auto connection = bus.connection("korvane");
-        PortalColorScheme scheme(connection);
+        PortalSettings scheme(connection);
 
         // The question has been refused when a later one has been answered.
         const auto answer = connection.call(QDBusMessage::createMethodCall(
@@ -130,11 +167,11 @@ namespace {
         EXPECT_FALSE(scheme.isDark().value());
     }
 
-    TEST(PortalColorSchemeTest, WithoutABusItIsLight)
+    TEST(PortalSettingsTest, WithoutABusItIsLight)
     {
         const auto nowhere = QDBusConnection::connectToBus("unix:path=/nonexistent", "nowhere");
 
-        PortalColorScheme scheme(nowhere);
+        PortalSettings scheme(nowhere);
 
         EXPECT_FALSE(scheme.isDark().value());
     }
