@@ -15,9 +15,9 @@ namespace {
         case paneltexts::FillLevel::half:
             return colours.secondary;
         case paneltexts::FillLevel::high:
-            return colours.orange;
+            return colours.orangeText;
         case paneltexts::FillLevel::full:
-            return colours.red;
+            return colours.redText;
         }
         return colours.text;
     }

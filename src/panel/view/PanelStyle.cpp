@@ -20,7 +20,7 @@ namespace {
     PanelColours lightColours()
     {
         const QColor text { 0x1d, 0x1f, 0x21 };
-        const QColor secondary { 0x58, 0x5c, 0x61 };
+        const QColor secondary { 0x4f, 0x53, 0x58 };
         return {
             .panel = QColor { 251, 251, 250 },
             .panelAlpha = 240,
@@ -31,10 +31,10 @@ namespace {
             .chip = translucent(text, 0.06),
             .field = translucent(Qt::black, 0.045),
             .hover = translucent(Qt::black, 0.045),
-            .pressed = translucent(Qt::black, 0.09),
+            .pressed = translucent(Qt::black, 0.07),
             .selection = translucent(accentGreen, 0.14),
             .selectionEdge = translucent(accentGreen, 0.38),
-            .onSelection = QColor { 0x4c, 0x50, 0x55 },
+            .onSelection = QColor { 0x42, 0x46, 0x4a },
             .badge = translucent(secondary, 0.15),
             .icon = translucent(Qt::black, 0.05),
             .selectedIcon = accentGreen,
@@ -42,14 +42,15 @@ namespace {
             .accent = accentGreen,
             .onAccent = Qt::white,
             .orange = QColor { 0xd9, 0x73, 0x0d },
-            .red = QColor { 0xd0, 0x34, 0x2c },
+            .orangeText = QColor { 0xa6, 0x4b, 0x00 },
+            .redText = QColor { 0xbf, 0x28, 0x21 },
         };
     }
 
     PanelColours darkColours()
     {
         const QColor text { 0xec, 0xee, 0xef };
-        const QColor secondary { 0xb4, 0xb9, 0xbe };
+        const QColor secondary { 0xc4, 0xc9, 0xce };
         return {
             .panel = QColor { 33, 35, 38 },
             .panelAlpha = 242,
@@ -60,18 +61,19 @@ namespace {
             .chip = translucent(text, 0.08),
             .field = translucent(Qt::white, 0.06),
             .hover = translucent(Qt::white, 0.055),
-            .pressed = translucent(Qt::white, 0.11),
+            .pressed = translucent(Qt::white, 0.08),
             .selection = translucent(accentGreen, 0.26),
             .selectionEdge = translucent(QColor { 60, 190, 148 }, 0.50),
-            .onSelection = QColor { 0xc8, 0xcd, 0xd2 },
-            .badge = translucent(secondary, 0.18),
+            .onSelection = QColor { 0xe2, 0xe6, 0xea },
+            .badge = translucent(secondary, 0.15),
             .icon = translucent(Qt::white, 0.07),
             .selectedIcon = QColor { 0x4c, 0xc9, 0xa0 },
             .selectedIconGround = translucent(accentGreen, 0.12),
             .accent = accentGreen,
             .onAccent = Qt::white,
             .orange = QColor { 0xd9, 0x73, 0x0d },
-            .red = QColor { 0xd0, 0x34, 0x2c },
+            .orangeText = QColor { 0xf0, 0x92, 0x3a },
+            .redText = QColor { 0xff, 0x7d, 0x73 },
         };
     }
 

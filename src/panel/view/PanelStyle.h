@@ -51,10 +51,11 @@ struct PanelColours {
     QColor icon;        ///< ground of a row's symbol
     QColor selectedIcon;
     QColor selectedIconGround;
-    QColor accent;   ///< the program's one accent, the same in both schemes
-    QColor onAccent; ///< text and symbols on the accent
-    QColor orange;
-    QColor red;
+    QColor accent;     ///< the program's one accent, the same in both schemes
+    QColor onAccent;   ///< text and symbols on the accent
+    QColor orange;     ///< what asks for attention: the pin, private mode
+    QColor orangeText; ///< the same for a text on the panel
+    QColor redText;    ///< a text on the panel that warns
 };
 
 const PanelColours& panelColours(ColourScheme scheme);

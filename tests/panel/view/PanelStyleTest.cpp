@@ -1,5 +1,7 @@
 #include "panel/view/PanelStyle.h"
 
+#include "app/view/ApplicationTheme.h"
+
 #include <gtest/gtest.h>
 
 #include <QFontInfo>
@@ -7,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -39,23 +42,56 @@ namespace {
 
     class PanelStyleTest : public testing::TestWithParam<ColourScheme> { };
 
+    /// The panel's ground as it looks: its own, and over the darkest and the lightest desktop.
+    std::vector<QColor> panelGrounds(const PanelColours& colours)
+    {
+        auto translucent = colours.panel;
+        translucent.setAlpha(colours.panelAlpha);
+        return { colours.panel, over(Qt::black, translucent), over(Qt::white, translucent) };
+    }
+
     TEST_P(PanelStyleTest, TextsStandOutAgainstEveryGroundThatTheyStandOn)
     {
         const auto& colours = panelColours(GetParam());
-        const auto onBadge = [&](const QColor& ground) { return over(ground, colours.badge); };
-        const auto grounds = { colours.panel, over(colours.panel, colours.hover),
-            over(colours.panel, colours.field), over(colours.panel, colours.chip) };
-
-        for (const auto& ground : grounds) {
-            EXPECT_GE(contrast(colours.text, ground), 4.5);
-            EXPECT_GE(contrast(colours.secondary, ground), 4.5);
+        for (const auto& panel : panelGrounds(colours)) {
+            for (const auto& ground :
+                { panel, over(panel, colours.hover), over(panel, colours.pressed),
+                    over(panel, colours.field), over(panel, colours.chip) }) {
+                EXPECT_GE(contrast(colours.text, ground), 4.5);
+                EXPECT_GE(contrast(colours.secondary, ground), 4.5);
+            }
+            for (const auto& ground :
+                { panel, over(panel, colours.hover), over(panel, colours.pressed) })
+                EXPECT_GE(contrast(colours.secondary, over(ground, colours.badge)), 4.5);
+            EXPECT_GE(contrast(colours.orangeText, panel), 4.5);
+            EXPECT_GE(contrast(colours.redText, panel), 4.5);
         }
-        for (const auto& ground : { colours.panel, over(colours.panel, colours.hover) })
-            EXPECT_GE(contrast(colours.secondary, onBadge(ground)), 4.5);
-        const auto selected = over(colours.panel, colours.selection);
-        EXPECT_GE(contrast(colours.text, selected), 4.5);
-        EXPECT_GE(contrast(colours.onSelection, selected), 4.5);
-        EXPECT_GE(contrast(colours.onSelection, onBadge(selected)), 4.5);
+    }
+
+    TEST_P(PanelStyleTest, TextsStandOutOnTheSelectedRow)
+    {
+        const auto& colours = panelColours(GetParam());
+        for (const auto& panel : panelGrounds(colours)) {
+            const auto selected = over(panel, colours.selection);
+            for (const auto& ground : { selected, over(selected, colours.pressed) }) {
+                EXPECT_GE(contrast(colours.text, ground), 4.5);
+                EXPECT_GE(contrast(colours.onSelection, ground), 4.5);
+                EXPECT_GE(contrast(colours.onSelection, over(ground, colours.badge)), 4.5);
+            }
+        }
+    }
+
+    TEST_P(PanelStyleTest, TextsStandOutInMenusAndToolTips)
+    {
+        const auto palette = applicationPalette(GetParam());
+        const auto& colours = panelColours(GetParam());
+        for (const auto role : { QPalette::Window, QPalette::Base, QPalette::Button }) {
+            EXPECT_GE(contrast(palette.color(QPalette::WindowText), palette.color(role)), 4.5);
+            EXPECT_GE(contrast(colours.redText, palette.color(role)), 4.5);
+        }
+        EXPECT_GE(
+            contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)),
+            4.5);
     }
 
     TEST_P(PanelStyleTest, ThePaletteOfASchemeTellsTheScheme)
