@@ -20,6 +20,7 @@ namespace paneltexts {
     inline constexpr std::string_view searchPlaceholder = "Search...";
     inline constexpr std::string_view renamePlaceholder = "Name...";
     inline constexpr std::string_view largeMarkToolTip = "Large clip — stored on disk";
+    inline constexpr std::string_view missingFileToolTip = "The file is no longer there";
     inline constexpr std::string_view dot = "·";
     /// The last component of a path, without slashes; "/" for a path of slashes alone.
     std::string_view lastPathComponent(std::string_view path);

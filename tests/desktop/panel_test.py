@@ -280,3 +280,39 @@ class StatusItemTest(DesktopTest):
         wait_for("the menu is closed", lambda: not self.screen.is_viewable(menu))
         tray.click()
         self.korvane.wait_until_open()
+
+
+class MissingFileTest(DesktopTest):
+    """A clip of a file that is gone."""
+
+    def picture_of_the_row(self):
+        panel = self.screen.box(self.korvane.panel())
+        return self.screen.pixels(Box(panel.x + 6, panel.y + 125, 348, 48))
+
+    def settled_picture(self):
+        """Of the row, when it is painted: it looks twice the same, and not like bare ground."""
+        def looked():
+            picture = self.picture_of_the_row()
+            return picture if picture == self.picture_of_the_row() and len(set(picture[24])) > 3 else None
+        self.korvane.open()
+        return wait_for("the row is painted", looked)
+
+    def test_it_says_so_by_its_look_as_soon_as_that_is_known_and_looks_well_again_when_it_is_back(self):
+        path = self.desk.folder / "figures.ods"
+        path.write_text("1")
+        self.start_korvane([clip(str(path), "file")])
+        there = self.settled_picture()
+        self.korvane.close()
+
+        path.unlink()
+        self.korvane.open()
+        wait_for("the row looks otherwise", lambda: self.picture_of_the_row() != there)
+        self.keys.press("Control_L", "p")
+        self.history.wait_for("it can be pinned all the same", lambda clips: clips[0]["isPinned"])
+        self.keys.press("Control_L", "p")
+        self.history.wait_for("and unpinned", lambda clips: not clips[0]["isPinned"])
+        self.korvane.close()
+
+        path.write_text("2")
+        self.korvane.open()
+        wait_for("the row looks as before", lambda: self.picture_of_the_row() == there)

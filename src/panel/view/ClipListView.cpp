@@ -4,6 +4,8 @@
 #include "panel/PanelTexts.h"
 #include "panel/TabSwitcher.h"
 #include "panel/view/ClipRowMenu.h"
+#include "panel/view/EmptyListPainter.h"
+#include "panel/view/FilterTabBar.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/Symbols.h"
 
@@ -36,7 +38,9 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     , m_controller(controller)
     , m_loop(loop)
     , m_shown(store)
+    , m_symbols(symbols)
     , m_rowView(symbols)
+    , m_files(loop)
     , m_renameEnded(std::move(renameEnded))
     , m_renameField(std::move(reader), this)
     , m_opacity(loop, 1, [this] { update(); })
@@ -72,6 +76,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
         m_opacity.goTo(
             isSwitching ? 0 : 1, isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
     }));
+    m_connections.push_back(m_files.changed.connect([this] { update(); }));
     m_selected = panel.selectedClipID.value();
 }
 
@@ -165,12 +170,13 @@ bool ClipListView::event(QEvent* event)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const auto index = rowAt(help->pos());
-    const auto mark = index ? m_rowView.largeMarkRect(rowRect(*index), row(*index)) : QRectF();
-    if (mark.contains(help->pos()))
-        QToolTip::showText(help->globalPos(), QString::fromUtf8(paneltexts::largeMarkToolTip), this,
-            mark.toAlignedRect());
-    else
+    const auto tip = index ? m_rowView.toolTipAt(help->pos(), rowRect(*index), row(*index))
+                           : ClipRowView::ToolTip();
+    if (tip.text.empty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(
+            help->globalPos(), QString::fromUtf8(tip.text), this, tip.place.toAlignedRect());
     return true;
 }
 
@@ -179,6 +185,14 @@ void ClipListView::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     painter.setOpacity(m_opacity.value());
     const auto& rows = m_shown.rows();
+    if (rows.empty()) {
+        const auto& panel = m_store.panel();
+        const auto tab = panel.panelFilterTab.value();
+        paintEmptyList(painter, rect(),
+            emptyList(m_store.clips().empty(), false, tab, panel.panelSearch.value()),
+            symbolOf(tab), m_symbols, palette());
+        return;
+    }
     const double first
         = (event->rect().top() + m_offset - metrics::listPaddingY) / metrics::rowPitch;
     for (auto index = static_cast<std::size_t>(std::max(first, 0.0)); index < rows.size();
@@ -199,6 +213,7 @@ void ClipListView::resizeEvent(QResizeEvent*)
 void ClipListView::showEvent(QShowEvent*)
 {
     m_now = m_loop.now();
+    m_files.askAgain();
     m_ageTick = m_loop.every(ageInterval, [this] {
         m_now = m_loop.now();
         update();
@@ -342,7 +357,8 @@ ClipRow ClipListView::row(std::size_t index)
         .isSelected = m_selected == id,
         .isHovered = m_hovered == index,
         .isPressed = m_pressed == id && m_hovered == index,
-        .isRenaming = m_renamed == id };
+        .isRenaming = m_renamed == id,
+        .isMissing = clip->type == ClipType::file && m_files.isMissing(clip->text) };
 }
 
 } // namespace korvane

@@ -2,6 +2,7 @@
 
 #include "model/ClipStore.h"
 #include "model/MainLoop.h"
+#include "model/MissingFiles.h"
 #include "panel/view/ClipRowView.h"
 #include "panel/view/EasedValue.h"
 #include "panel/view/PanelLineEdit.h"
@@ -74,7 +75,9 @@ private:
     PanelController& m_controller;
     MainLoop& m_loop;
     ShownClips m_shown;
+    Symbols& m_symbols;
     ClipRowView m_rowView;
+    MissingFiles m_files;
     std::function<void()> m_renameEnded;
 
     double m_offset = 0;

@@ -51,6 +51,12 @@ namespace {
                 + 2 * badgePaddingX;
     }
 
+    QRectF kindRect(const QRectF& row)
+    {
+        return { row.left() + sidePadding, row.top() + (row.height() - kindSize) / 2, kindSize,
+            kindSize };
+    }
+
     /// The line under a title, item after item; where room is short the application's name gives way.
     void paintMeta(QPainter& painter, const QRectF& line, const std::vector<std::string>& items)
     {
@@ -122,6 +128,16 @@ QRectF ClipRowView::largeMarkRect(const QRectF& row, const ClipRow& shown) const
     return { row.right() - sidePadding - marksWidth(shown), row.top(), markSymbol, row.height() };
 }
 
+ClipRowView::ToolTip ClipRowView::toolTipAt(
+    const QPointF& point, const QRectF& row, const ClipRow& shown) const
+{
+    if (const auto mark = largeMarkRect(row, shown); mark.contains(point))
+        return { paneltexts::largeMarkToolTip, mark };
+    if (const auto kind = kindRect(row); shown.isMissing && kind.contains(point))
+        return { paneltexts::missingFileToolTip, kind };
+    return {};
+}
+
 double ClipRowView::marksWidth(const ClipRow& shown) const
 {
     double width = badgeWidth(QString::fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex)));
@@ -160,13 +176,12 @@ void ClipRowView::paintKind(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
     const auto& colours = panelColours(palette);
-    const QRectF box(
-        row.left() + sidePadding, row.top() + (row.height() - kindSize) / 2, kindSize, kindSize);
+    const auto box = kindRect(row);
     painter.setPen(Qt::NoPen);
     painter.setBrush(shown.isSelected ? colours.selectedIconGround : colours.icon);
     painter.drawRoundedRect(box, kindRadius, kindRadius);
-    m_symbols.paint(painter, symbolOf(shown.clip.type), box, kindSymbol,
-        shown.isSelected ? colours.selectedIcon : colours.secondary);
+    m_symbols.paint(painter, shown.isMissing ? "doc.missing" : symbolOf(shown.clip.type), box,
+        kindSymbol, shown.isSelected ? colours.selectedIcon : colours.secondary);
 }
 
 void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow& shown,
@@ -179,8 +194,10 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
         painter.setBrush(colours.field);
         painter.drawRoundedRect(title.adjusted(-4.5, -2.5, 3.5, 1.5), 4, 4);
     } else {
-        painter.setFont(panelFont(titleSize));
-        painter.setPen(colours.text);
+        auto font = panelFont(titleSize);
+        font.setStrikeOut(shown.isMissing);
+        painter.setFont(font);
+        painter.setPen(shown.isMissing ? standingBack(colours, shown) : colours.text);
         const auto text = QString::fromUtf8(paneltexts::rowTitle(shown.clip));
         painter.drawText(
             title, oneLine, elidedText(text, QFontMetricsF(painter.font()), title.width()));

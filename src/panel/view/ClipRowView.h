@@ -24,6 +24,8 @@ struct ClipRow {
     bool isPressed = false;
     /// A field stands where its title is.
     bool isRenaming = false;
+    /// It names a file that is gone.
+    bool isMissing = false;
 };
 
 /// Paints rows. It never lays out more of a text than a row can show.
@@ -41,6 +43,13 @@ public:
     QRectF titleRect(const QRectF& row, const ClipRow& shown) const;
     /// Where the mark of a large clip stands; empty for any other clip.
     QRectF largeMarkRect(const QRectF& row, const ClipRow& shown) const;
+
+    struct ToolTip {
+        std::string_view text; ///< empty: there is none
+        QRectF place;          ///< what it tells of
+    };
+    /// What is told of the mark at a point.
+    ToolTip toolTipAt(const QPointF& point, const QRectF& row, const ClipRow& shown) const;
 
 private:
     double marksWidth(const ClipRow& shown) const;

@@ -293,6 +293,36 @@ namespace {
         EXPECT_TRUE(isTold);
     }
 
+    /// How many pixels are not the panel's own ground, and whether any of them touches an edge.
+    int inkOf(ClipListView& list)
+    {
+        QImage image(list.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        list.render(&image, {}, {}, QWidget::DrawChildren);
+        int ink = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == Qt::white)
+                    continue;
+                ++ink;
+                EXPECT_TRUE(y > 2 && y < image.height() - 3 && x > 10 && x < image.width() - 11);
+            }
+        }
+        return ink;
+    }
+
+    TEST(ClipListViewTest, AListWithoutRowsSaysSomethingAlsoWhereThereIsLittleRoom)
+    {
+        ListFixture f;
+        for (const int height : { 86, 306, 800 }) {
+            f.list.resize(metrics::panelWidth, height);
+            EXPECT_GT(inkOf(f.list), 300) << height;
+        }
+        const auto nothingYet = inkOf(f.list);
+        f.panel().panelSearch.set(std::string(500, 'W'));
+        EXPECT_NE(inkOf(f.list), nothingYet);
+    }
+
     TEST(ClipListViewTest, AClipFoundLateAtAnOpeningLeavesTheListAtItsTop)
     {
         ListFixture f(50);

@@ -152,6 +152,28 @@ namespace {
         }
     }
 
+    TEST(ClipRowViewTest, AFileThatIsGoneLooksGone)
+    {
+        RowFixture f;
+        f.clip.type = ClipType::file;
+        f.clip.text = "/tmp/figures.ods";
+        const QRectF row(0, 0, 348, 48);
+        const auto there = f.paint({ .clip = f.clip });
+        const auto gone = f.paint({ .clip = f.clip, .isMissing = true });
+
+        const QRect kind(9, 10, 28, 28);
+        EXPECT_NE(gone.copy(kind), there.copy(kind)); // another symbol
+        const auto& colours = panelColours(ColourScheme::light);
+        const auto title = f.view.titleRect(row, { .clip = f.clip }).toAlignedRect();
+        EXPECT_TRUE(hasColour(there, title, colours.text));
+        EXPECT_NE(gone.copy(title), there.copy(title));
+        EXPECT_EQ(f.view.toolTipAt({ 20, 24 }, row, { .clip = f.clip, .isMissing = true }).text,
+            "The file is no longer there");
+        EXPECT_TRUE(f.view.toolTipAt({ 20, 24 }, row, { .clip = f.clip }).text.empty());
+        EXPECT_TRUE(
+            f.view.toolTipAt({ 200, 24 }, row, { .clip = f.clip, .isMissing = true }).text.empty());
+    }
+
     TEST(ClipRowViewTest, ATowerOfMarksOnOneLetterStaysInItsRow)
     {
         RowFixture f;
