@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/view/AlertBoxes.h"
 #include "app/view/ApplicationTheme.h"
+#include "app/view/ClipPreviewWindow.h"
 #include "app/view/PanelWindow.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
@@ -158,8 +159,12 @@ namespace {
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
+                [this] {
+                    return std::make_unique<ClipPreviewWindow>(
+                        m_screens, m_platform.isComposited(), frameTeller());
+                },
                 [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, nullptr,
-                nullptr, nullptr };
+                nullptr };
         }
 
         PanelWindow::World panelWorld()
@@ -167,11 +172,15 @@ namespace {
             return { m_loop, m_screens, m_platform.isComposited(),
                 textReader(m_platform.pasteboard()),
                 [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
-                [this] { m_platform.giveBackKeyboard(); },
-                [this](std::uint32_t window, QRect panel, QSize whole) {
-                    m_platform.tellWindowFrame(
-                        window, pixelRect(panel), whole.width(), whole.height());
-                } };
+                [this] { m_platform.giveBackKeyboard(); }, frameTeller() };
+        }
+
+        KorPanel::FrameTeller frameTeller()
+        {
+            return [this](std::uint32_t window, QRect panel, QSize whole) {
+                m_platform.tellWindowFrame(
+                    window, pixelRect(panel), whole.width(), whole.height());
+            };
         }
 
         QtMainLoop m_loop;

@@ -17,11 +17,11 @@ namespace {
 
     constexpr std::string_view makersPage = KORVANE_SITE "/more";
 
-    PanelShell::World shellWorld(
-        Ports& ports, ClipStore& store, std::function<PlacedWindow&()> makePanel)
+    PanelShell::World shellWorld(Ports& ports, ClipStore& store,
+        std::function<PlacedWindow&()> makePanel, std::function<PreviewWindow&()> makePreview)
     {
         return { store, ports.preferences, ports.screens, ports.outsideClicks, ports.loop,
-            std::move(makePanel), ports.preview, ports.settings };
+            std::move(makePanel), std::move(makePreview), ports.settings };
     }
 
 } // namespace
@@ -33,10 +33,15 @@ AppDelegate::AppDelegate(Ports ports, const std::filesystem::path& dataFolder)
     , m_hotkeys(m_ports.hotkeyGrabber, m_ports.preferences, m_ports.loop)
     , m_sounds(m_ports.preferences, m_ports.sounds)
     , m_clipboard(m_store, m_ports.pasteboard)
-    , m_shell(shellWorld(m_ports, m_store,
+    , m_shell(shellWorld(
+          m_ports, m_store,
           [this]() -> PlacedWindow& {
               m_panelWindow = m_ports.makePanel(m_store, m_panel);
               return *m_panelWindow;
+          },
+          [this]() -> PreviewWindow& {
+              m_previewPanel = m_ports.makePreview();
+              return *m_previewPanel;
           }))
     , m_paster({ m_store, m_monitor, m_clipboard, m_ports.pasteboard, m_ports.workspace,
           m_ports.keyboard, m_ports.desktop, m_sounds, m_ports.loop,

@@ -61,6 +61,7 @@ private:
     TabSwitcher m_tabs;
     PanelController m_panel;
     std::unique_ptr<PlacedWindow> m_panelWindow; // shows the store and asks the controller
+    std::unique_ptr<PreviewWindow> m_previewPanel;
     /// Shared with reads under way, whose answers come to nothing when we have gone before them.
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
     std::vector<Connection> m_connections;

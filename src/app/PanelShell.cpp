@@ -1,6 +1,7 @@
 #include "app/PanelShell.h"
 
 #include "app/Placement.h"
+#include "app/PreviewPlacement.h"
 #include "model/ClipStore.h"
 #include "model/Preferences.h"
 
@@ -26,6 +27,8 @@ void PanelShell::showPanel()
 {
     if (isPanelVisible()) {
         m_panel->show(); // it may have lost the keyboard
+        if (isPreviewVisible())
+            m_preview->show(); // above the panel again
         return;
     }
     willOpen();
@@ -65,21 +68,30 @@ bool PanelShell::isPanelVisible() const
     return m_panel && m_panel->isVisible();
 }
 
-void PanelShell::showPreview(const ClipItem&, std::optional<double>)
+void PanelShell::showPreview(const ClipItem& clip, std::optional<double> rowMidY)
 {
-    if (m_panel && m_world.preview)
-        m_world.preview->show();
+    if (!m_panel)
+        return;
+    if (!m_preview)
+        m_preview = &m_world.makePreview();
+    m_preview->setClip(clip);
+    // The look at the screen comes before the panel's frame, which is told on the screen looked at.
+    const Rect visible = m_world.screens.look().visible;
+    const double textHeight = m_preview->textHeight(previewplacement::textWidth);
+    m_preview->setFrame(previewplacement::frame(textHeight, m_panel->frame(), visible,
+        { previewSide(m_world.preferences), previewPosition(m_world.preferences), rowMidY }));
+    m_preview->show();
 }
 
 void PanelShell::hidePreview()
 {
-    if (m_world.preview)
-        m_world.preview->hide();
+    if (m_preview)
+        m_preview->hide();
 }
 
 bool PanelShell::isPreviewVisible() const
 {
-    return m_world.preview && m_world.preview->isVisible();
+    return m_preview && m_preview->isVisible();
 }
 
 void PanelShell::openPreferences()

@@ -24,8 +24,9 @@ public:
         MainLoop& loop;
         /// Builds the panel's window; called once. The window outlives the shell's use of it.
         std::function<PlacedWindow&()> makePanel;
-        /// The windows of preview and settings; none where the program has no such window.
-        PlacedWindow* preview = nullptr;
+        /// The same for the preview's window, at the first clip that is shown in it.
+        std::function<PreviewWindow&()> makePreview;
+        /// The window of the settings; none where the program has no such window.
         PlacedWindow* settings = nullptr;
     };
 
@@ -42,6 +43,8 @@ public:
     bool isPanelVisible() const;
 
     void close() override { hidePanel(); }
+    /// Shows the clip beside the panel, on the screen of the status item; does nothing before the
+    /// panel stands. A preview that is open goes on to this clip.
     void showPreview(const ClipItem& clip, std::optional<double> rowMidY) override;
     void hidePreview() override;
     bool isPreviewVisible() const override;
@@ -56,7 +59,8 @@ private:
     void clickedOutside();
 
     World m_world;
-    PlacedWindow* m_panel = nullptr; // until it has been built
+    PlacedWindow* m_panel = nullptr;    // until it has been built
+    PreviewWindow* m_preview = nullptr; // the same
     Timer m_afterOutsideClick;
     Connection m_outsideClick;
 };

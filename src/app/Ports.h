@@ -18,6 +18,7 @@ class PanelController;
 class Pasteboard;
 class PlacedWindow;
 class Preferences;
+class PreviewWindow;
 class Screens;
 class SoundPlayer;
 class StatusItem;
@@ -41,12 +42,13 @@ struct Ports {
     Alerts& alerts;
     /// Builds the panel's window over the store, driven by the controller.
     std::function<std::unique_ptr<PlacedWindow>(ClipStore&, PanelController&)> makePanel;
+    /// Builds the preview's window.
+    std::function<std::unique_ptr<PreviewWindow>()> makePreview;
     /// Ends the program, on the next turn of the loop.
     std::function<void()> quit;
     /// Starts the update check that the user asked for; none where the program has no such check.
     std::function<void()> checkForUpdates;
-    /// The windows of preview and settings; none where the program has no such window.
-    PlacedWindow* preview = nullptr;
+    /// The window of the settings; none where the program has no such window.
     PlacedWindow* settings = nullptr;
 };
 

@@ -10,6 +10,8 @@
 
 namespace korvane {
 
+struct ClipItem;
+
 /// A point and a rectangle in points, with the origin at the bottom left and y upward: the
 /// coordinates in which the program places its windows. They are relative to the bottom left corner
 /// of the screen that the status item is on; the backend turns them over, once.
@@ -114,6 +116,16 @@ public:
     /// Hides it. A window that had the keyboard gives it up.
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
+};
+
+/// The window beside the panel that shows the text of one clip. It takes no key and no click.
+class PreviewWindow : public PlacedWindow {
+public:
+    /// Fills it. Its place does not change by that, nor whether it is shown.
+    virtual void setClip(const ClipItem& clip) = 0;
+    /// How high the clip's text is when it is laid out in lines of this width, in whole points; all
+    /// of what is shown of the text, whether the window has room for it or not.
+    virtual double textHeight(double width) = 0;
 };
 
 /// Tells of mouse presses while the panel is open.

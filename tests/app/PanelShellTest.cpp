@@ -56,13 +56,14 @@ namespace {
     TEST(PanelShellTest, AClickOutsideClosesThePanelAndItsPreview)
     {
         ShellFixture f;
+        f.copy("text");
         f.shell().showPanel();
-        f.preview.show();
+        f.press(keycodes::space);
 
         f.outsideClicks.click();
 
         EXPECT_FALSE(f.panel->isShown);
-        EXPECT_FALSE(f.preview.isShown);
+        EXPECT_FALSE(f.preview->isShown);
     }
 
     TEST(PanelShellTest, ClicksAreWatchedExactlyWhileThePanelIsOpen)

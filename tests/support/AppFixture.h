@@ -44,7 +44,12 @@ public:
                     panel = window.get();
                     return window;
                 },
-                [this] { ++quits; }, [this] { ++updateChecks; }, &preview, &settings },
+                [this] {
+                    auto window = std::make_unique<FakePreviewWindow>();
+                    preview = window.get();
+                    return window;
+                },
+                [this] { ++quits; }, [this] { ++updateChecks; }, &settings },
             folder.path() / "com.VNT.Korvane");
     }
 
@@ -80,9 +85,9 @@ public:
     FakeOutsideClicks outsideClicks;
     FakeAppearance appearance;
     FakeAlerts alerts;
-    FakeWindow preview;
     FakeWindow settings;
     FakeWindow* panel = nullptr;
+    FakePreviewWindow* preview = nullptr; // until a clip is shown in it
     PanelController* panelController = nullptr;
     bool wasLaunched = false;
     int quits = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Windows.h"
+#include "model/ClipItem.h"
 
 #include <string>
 #include <vector>
@@ -45,7 +46,8 @@ public:
 };
 
 /// A window that is nowhere to be seen.
-class FakeWindow : public PlacedWindow {
+template <typename Port>
+class FakeWindowOf : public Port {
 public:
     Rect frame() const override { return place; }
     void setFrame(const Rect& frame) override { place = frame; }
@@ -68,6 +70,23 @@ public:
     int shows = 0;
     int hides = 0;
     std::function<void()> onHide;
+};
+
+using FakeWindow = FakeWindowOf<PlacedWindow>;
+
+/// A preview in which every text is equally high.
+class FakePreviewWindow : public FakeWindowOf<PreviewWindow> {
+public:
+    void setClip(const ClipItem& shown) override { clip = shown; }
+    double textHeight(double width) override
+    {
+        measuredWidth = width;
+        return height;
+    }
+
+    ClipItem clip;
+    double height = 100;
+    double measuredWidth = 0;
 };
 
 /// Clicks outside, when somebody watches.

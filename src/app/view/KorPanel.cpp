@@ -19,6 +19,13 @@ namespace korvane {
 namespace {
     constexpr int initialHeight = 480;
 
+    Qt::WindowFlags flagsOf(KorPanel::Role role)
+    {
+        const Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+            | Qt::BypassWindowManagerHint;
+        return role == KorPanel::Role::preview ? flags | Qt::WindowDoesNotAcceptFocus : flags;
+    }
+
     QPainterPath rounded(const QRectF& rect, double radius)
     {
         QPainterPath path;
@@ -42,12 +49,13 @@ namespace {
     }
 } // namespace
 
-KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame)
-    : QWidget(nullptr,
-        Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint)
+KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role role)
+    : QWidget(nullptr, flagsOf(role))
     , m_tellFrame(std::move(tellFrame))
 {
-    setWindowTitle(QStringLiteral("Korvane"));
+    setWindowTitle(role == Role::preview ? QStringLiteral("Korvane Preview")
+                                         : QStringLiteral("Korvane"));
+    setAttribute(Qt::WA_ShowWithoutActivating, role == Role::preview);
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.
     setAttribute(Qt::WA_TranslucentBackground);

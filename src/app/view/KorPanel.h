@@ -28,9 +28,14 @@ public:
     /// the desktop must neither take it for a part of the window nor give it clicks.
     using FrameTeller = std::function<void(std::uint32_t window, QRect panel, QSize whole)>;
 
+    /// Which window it is: the panel, or the preview beside it, which is only looked at and never
+    /// gets the keyboard.
+    enum class Role { panel, preview };
+
     /// The native window is made at once, so that showing it later costs nothing more.
     /// @param isComposited  whether a compositor runs; may change at any time
-    explicit KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame = {});
+    explicit KorPanel(
+        Observable<bool>& isComposited, FrameTeller tellFrame = {}, Role role = Role::panel);
 
     void setKeyHandler(KeyHandler handler) { m_handleKey = std::move(handler); }
     /// What the window calls when it should have the keyboard again: the pointer has entered it

@@ -1,5 +1,6 @@
 #include "panel/view/PanelStyle.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -77,6 +78,16 @@ namespace {
         };
     }
 
+    QFont inSize(QFont font, double size, QFont::Weight weight)
+    {
+        // Pixel sizes are whole numbers in this toolkit, point sizes are not: 72 of them are an inch.
+        const auto* screen = QGuiApplication::primaryScreen();
+        const auto perInch = screen ? screen->logicalDotsPerInchY() : 96.0;
+        font.setPointSizeF(size * 72.0 / perInch);
+        font.setWeight(weight);
+        return font;
+    }
+
 } // namespace
 
 const PanelColours& panelColours(ColourScheme scheme)
@@ -95,13 +106,12 @@ ColourScheme schemeOf(const QPalette& palette)
 
 QFont panelFont(double size, QFont::Weight weight)
 {
-    auto font = QGuiApplication::font();
-    // Pixel sizes are whole numbers in this toolkit, point sizes are not: 72 of them are an inch.
-    const auto* screen = QGuiApplication::primaryScreen();
-    const auto perInch = screen ? screen->logicalDotsPerInchY() : 96.0;
-    font.setPointSizeF(size * 72.0 / perInch);
-    font.setWeight(weight);
-    return font;
+    return inSize(QGuiApplication::font(), size, weight);
+}
+
+QFont panelCodeFont(double size)
+{
+    return inSize(QFontDatabase::systemFont(QFontDatabase::FixedFont), size, QFont::Normal);
 }
 
 } // namespace korvane

@@ -25,6 +25,11 @@ namespace metrics {
     inline constexpr int listPaddingY = 4;
     inline constexpr int rowRadius = 6;
 
+    /// Between the preview's edge and its text.
+    inline constexpr int previewInset = 12;
+    /// A line of the preview is at least so high; one with a tall script is higher.
+    inline constexpr int previewLineHeight = 18;
+
     // The height that the shell adds to the rows of the list: what stands above and below it, and
     // the gap that the last row does not have.
     static_assert(listTop + footerHeight + 2 * listPaddingY - rowGap == 170);
@@ -69,5 +74,7 @@ inline const PanelColours& panelColours(const QPalette& palette)
 /// The desktop's own font in one of the panel's sizes.
 /// @param size  in points of the panel, which are logical pixels; fractions count
 QFont panelFont(double size, QFont::Weight weight = QFont::Normal);
+/// The desktop's monospaced font, in the same measure.
+QFont panelCodeFont(double size);
 
 } // namespace korvane
