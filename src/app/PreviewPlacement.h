@@ -29,7 +29,7 @@ namespace previewplacement {
         PreviewSide side = PreviewSide::right;
         PreviewPosition position = PreviewPosition::middle;
         /// Vertical middle of the selected row, downward from the panel's top edge, where known.
-        std::optional<double> rowMidY;
+        std::optional<double> rowMidY {};
     };
 
     /// @param textHeight  in lines of `textWidth`; rounded up to a whole point here

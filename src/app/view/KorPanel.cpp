@@ -53,8 +53,9 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role r
     : QWidget(nullptr, flagsOf(role))
     , m_tellFrame(std::move(tellFrame))
 {
-    setWindowTitle(role == Role::preview ? QStringLiteral("Korvane Preview")
-                                         : QStringLiteral("Korvane"));
+    // The toolkit adds the program's name to a title that does not end with it.
+    setWindowTitle(
+        role == Role::preview ? QStringLiteral("Preview") : QStringLiteral("Korvane"));
     setAttribute(Qt::WA_ShowWithoutActivating, role == Role::preview);
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.

@@ -11,13 +11,20 @@ class QPainter;
 
 namespace korvane {
 
-/// A text laid out in lines of a width. Each line feed begins a new paragraph, which is written from
-/// right to left where its first letter is; a word that is longer than a line is broken anywhere.
+/// A text laid out in lines of a width. Each line feed begins a new paragraph; a word that is longer
+/// than a line is broken anywhere.
 class TextLines {
 public:
+    struct Look {
+        QFont font;
+        double tabStop = 0; ///< distance of the tab stops
+        /// Paragraphs whose first letter is of a script that is written from right to left begin at
+        /// the right; otherwise all begin at the left, as lines of code do.
+        bool followsScript = true;
+    };
+
     /// @param width  in points, as everything here
-    /// @param tabStop  the distance of the tab stops
-    TextLines(const QString& text, const QFont& font, double width, double tabStop);
+    TextLines(const QString& text, const Look& look, double width);
 
     double height() const { return m_height; }
     /// Draws the lines of which some is to be seen in this part, with the painter's pen.
@@ -30,8 +37,6 @@ private:
         double top = 0;
         double bottom = 0;
     };
-
-    void lay(Paragraph& paragraph, double width) const;
 
     std::vector<Paragraph> m_paragraphs; // from top to bottom
     double m_height = 0;

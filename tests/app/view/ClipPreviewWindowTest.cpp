@@ -3,6 +3,7 @@
 #include "app/view/PanelShadow.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
+#include "model/ClipItem.h"
 #include "panel/view/ClipPreviewView.h"
 #include "panel/view/PanelStyle.h"
 #include "support/Input.h"
@@ -59,7 +60,7 @@ namespace {
 
         EXPECT_TRUE(f.window.panel().windowFlags().testFlag(Qt::BypassWindowManagerHint));
         EXPECT_TRUE(f.window.panel().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        EXPECT_EQ(f.window.panel().windowTitle(), QStringLiteral("Korvane Preview"));
+        EXPECT_EQ(f.window.panel().windowTitle(), QStringLiteral("Preview"));
     }
 
     TEST(ClipPreviewWindowTest, ItIsHiddenUntilItIsShown)
