@@ -178,8 +178,7 @@ namespace {
         KorPanel::FrameTeller frameTeller()
         {
             return [this](std::uint32_t window, QRect panel, QSize whole) {
-                m_platform.tellWindowFrame(
-                    window, pixelRect(panel), whole.width(), whole.height());
+                m_platform.tellWindowFrame(window, pixelRect(panel), whole.width(), whole.height());
             };
         }
 

@@ -111,8 +111,8 @@ namespace {
 
         const auto& panel = f.panel->place;
         EXPECT_EQ(f.preview->measuredWidth, 460);
-        EXPECT_EQ(f.preview->place,
-            (Rect { panel.left() - 8 - 484, panel.middleY() - 62, 484, 124 }))
+        EXPECT_EQ(
+            f.preview->place, (Rect { panel.left() - 8 - 484, panel.middleY() - 62, 484, 124 }))
             << "the panel stands too far on the right for it";
     }
 

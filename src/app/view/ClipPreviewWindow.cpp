@@ -31,11 +31,11 @@ ClipPreviewWindow::ClipPreviewWindow(
 {
 }
 
-ClipPreviewWindow::ClipPreviewWindow(TrayScreens& screens, std::unique_ptr<KorPanel> panel,
-    std::unique_ptr<ClipPreviewView> view)
+ClipPreviewWindow::ClipPreviewWindow(
+    TrayScreens& screens, std::unique_ptr<KorPanel> panel, std::unique_ptr<ClipPreviewView> view)
     : m_view(*view)
-    , m_window(filled(std::move(panel), std::move(view)),
-          [&screens] { return screens.geometry(); }, {})
+    , m_window(
+          filled(std::move(panel), std::move(view)), [&screens] { return screens.geometry(); }, {})
 {
 }
 

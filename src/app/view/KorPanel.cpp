@@ -54,8 +54,7 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role r
     , m_tellFrame(std::move(tellFrame))
 {
     // The toolkit adds the program's name to a title that does not end with it.
-    setWindowTitle(
-        role == Role::preview ? QStringLiteral("Preview") : QStringLiteral("Korvane"));
+    setWindowTitle(role == Role::preview ? QStringLiteral("Preview") : QStringLiteral("Korvane"));
     setAttribute(Qt::WA_ShowWithoutActivating, role == Role::preview);
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.

@@ -23,48 +23,80 @@ namespace {
         return option;
     }
 
-    /// @return the height of the whole
-    double lay(QTextLayout& layout, double width)
+    double heightOf(const QTextLine& line)
+    {
+        // Whole points, so that all lines are drawn alike.
+        return std::max(std::ceil(line.height()), static_cast<double>(metrics::previewLineHeight));
+    }
+
+    void breakIntoLines(QTextLayout& layout, double width)
     {
         double y = 0;
         layout.beginLayout();
         for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
             line.setLineWidth(width);
-            // Whole points, so that all lines are drawn alike.
-            const double high = std::max(
-                std::ceil(line.height()), static_cast<double>(metrics::previewLineHeight));
+            const double high = heightOf(line);
             line.setPosition({ 0, y + std::round((high - line.height()) / 2) });
             y += high;
         }
         layout.endLayout();
-        return y;
     }
 
 } // namespace
 
 TextLines::TextLines(const QString& text, const Look& look, double width)
 {
-    const auto texts = text.split(u'\n');
-    m_paragraphs = std::vector<Paragraph>(static_cast<std::size_t>(texts.size()));
-    auto paragraph = m_paragraphs.begin();
-    for (const auto& each : texts) {
-        paragraph->layout.setText(each);
-        paragraph->layout.setFont(look.font);
-        paragraph->layout.setTextOption(optionFor(each, look));
-        paragraph->layout.setCacheEnabled(true); // else each painting would shape all of it again
-        paragraph->top = m_height;
-        m_height += lay(paragraph->layout, width);
-        paragraph->bottom = m_height;
-        ++paragraph;
+    for (const auto& paragraph : text.split(u'\n'))
+        addParagraph(paragraph, look.font, optionFor(paragraph, look), width);
+}
+
+/// The toolkit looks at an endless word from its beginning to its end for each line that it breaks off.
+/// So a long paragraph is given to it by pieces. The last line of a piece is not full: it is the first
+/// of the next.
+void TextLines::addParagraph(
+    const QString& text, const QFont& font, const QTextOption& option, double width)
+{
+    constexpr qsizetype pieceLength = 2048;
+    auto length = pieceLength;
+    for (qsizetype from = 0;;) {
+        auto& piece = m_pieces.emplace_back();
+        piece.layout.setText(text.mid(from, length));
+        piece.layout.setFont(font);
+        piece.layout.setTextOption(option);
+        piece.layout.setCacheEnabled(true); // else each painting would shape all of it again
+        breakIntoLines(piece.layout, width);
+
+        const bool isLast = from + length >= text.size();
+        piece.lines = piece.layout.lineCount() - (isLast ? 0 : 1);
+        if (piece.lines == 0) { // marks that take no room
+            m_pieces.pop_back();
+            length *= 2;
+            continue;
+        }
+        piece.top = m_height;
+        for (int line = 0; line < piece.lines; ++line)
+            m_height += heightOf(piece.layout.lineAt(line));
+        piece.bottom = m_height;
+        if (isLast)
+            return;
+        from += piece.layout.lineAt(piece.lines).textStart();
+        length = pieceLength;
     }
 }
 
 void TextLines::draw(QPainter& painter, const QRectF& part) const
 {
-    auto paragraph = std::ranges::partition_point(m_paragraphs,
-        [&part](const Paragraph& each) { return each.bottom <= part.top(); });
-    for (; paragraph != m_paragraphs.end() && paragraph->top < part.bottom(); ++paragraph)
-        paragraph->layout.draw(&painter, { 0, paragraph->top }, {}, part);
+    auto piece = std::ranges::partition_point(
+        m_pieces, [&part](const Piece& each) { return each.bottom <= part.top(); });
+    for (; piece != m_pieces.end() && piece->top < part.bottom(); ++piece) {
+        double bottom = piece->top;
+        for (int number = 0; number < piece->lines && bottom < part.bottom(); ++number) {
+            const auto line = piece->layout.lineAt(number);
+            bottom += heightOf(line);
+            if (bottom > part.top())
+                line.draw(&painter, { 0, piece->top });
+        }
+    }
 }
 
 } // namespace korvane

@@ -5,14 +5,16 @@
 #include <QString>
 #include <QTextLayout>
 
-#include <vector>
+#include <deque>
 
 class QPainter;
+class QTextOption;
 
 namespace korvane {
 
 /// A text laid out in lines of a width. Each line feed begins a new paragraph; a word that is longer
-/// than a line is broken anywhere.
+/// than a line is broken anywhere. The time that this takes grows with the text and no faster,
+/// whatever the text is like.
 class TextLines {
 public:
     struct Look {
@@ -32,13 +34,18 @@ public:
     void draw(QPainter& painter, const QRectF& part) const;
 
 private:
-    struct Paragraph {
+    /// A paragraph, or a number of lines of a long one.
+    struct Piece {
         QTextLayout layout;
+        int lines = 0; ///< so many of the layout's first ones
         double top = 0;
         double bottom = 0;
     };
 
-    std::vector<Paragraph> m_paragraphs; // from top to bottom
+    void addParagraph(
+        const QString& text, const QFont& font, const QTextOption& option, double width);
+
+    std::deque<Piece> m_pieces; // from top to bottom
     double m_height = 0;
 };
 

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
-#include <QFontMetricsF>
 #include <QFontInfo>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 
@@ -298,8 +298,8 @@ namespace {
         image.fill(Qt::transparent);
         QPainter painter(&image);
 
-        f.view.render(
-            &painter, {}, QRect(0, 10 * metrics::previewLineHeight, width, 18), QWidget::DrawChildren);
+        f.view.render(&painter, {}, QRect(0, 10 * metrics::previewLineHeight, width, 18),
+            QWidget::DrawChildren);
         painter.end();
 
         EXPECT_GT(ink(image, line(0)), 0);
