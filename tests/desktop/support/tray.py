@@ -1,6 +1,8 @@
 """The desktop's bar with its tray, and Korvane's icon in it."""
 
-from Xlib import X, Xatom
+import contextlib
+
+from Xlib import X, Xatom, error
 from Xlib.protocol import event
 
 from support.display import Box
@@ -46,7 +48,9 @@ class Tray:
     def embedded(self):
         panels = {window.id for window in self.screen.find("korvane", depth=1, viewable=False)}
         icons = [window for window in self.screen.find("korvane", depth=5) if window.id not in panels]
-        return self.screen.box(icons[0]) if icons else None
+        with contextlib.suppress(error.XError):  # the bar that held it has just gone
+            return self.screen.box(icons[0]) if icons else None
+        return None
 
     def painted(self):
         return changed_box(self.before, self.screen.pixels(BAR), BAR)
