@@ -21,7 +21,8 @@ namespace {
         std::function<PlacedWindow&()> makePanel, std::function<PreviewWindow&()> makePreview)
     {
         return { store, ports.preferences, ports.screens, ports.outsideClicks, ports.loop,
-            std::move(makePanel), std::move(makePreview), ports.settings };
+            std::move(makePanel), std::move(makePreview), ports.settings, ports.checkForUpdates,
+            [&desktop = ports.desktop] { desktop.openAddress(makersPage); }, ports.quit };
     }
 
 } // namespace
@@ -47,7 +48,7 @@ AppDelegate::AppDelegate(Ports ports, const std::filesystem::path& dataFolder)
           m_ports.keyboard, m_ports.desktop, m_sounds, m_ports.loop,
           [this] { m_shell.hidePanel(); } })
     , m_tabs(m_store, m_ports.loop)
-    , m_panel(m_store, m_ports.preferences, m_shell, m_paster, m_tabs)
+    , m_panel(m_store, m_monitor, m_ports.preferences, m_shell, m_paster, m_tabs)
 {
 }
 
@@ -92,12 +93,9 @@ void AppDelegate::setupStatusItem()
     m_ports.statusItem.setImage(statustext::image);
     m_ports.statusItem.setMenu([this] {
         return statustext::menu(m_monitor.isPrivateModeEnabled(),
-            { [this] { togglePrivateMode(); }, [this] { m_shell.openPreferences(); },
-                [this] {
-                    if (m_ports.checkForUpdates)
-                        m_ports.checkForUpdates();
-                },
-                [this] { m_ports.desktop.openAddress(makersPage); }, m_ports.quit });
+            { [this] { m_panel.togglePrivateMode(); }, [this] { m_shell.openPreferences(); },
+                [this] { m_shell.checkForUpdates(); }, [this] { m_shell.openMakersPage(); },
+                [this] { m_shell.quit(); } });
     });
     m_connections.push_back(
         m_ports.statusItem.clicked.connect([this] { m_shell.toggleFromStatusItem(); }));
@@ -186,11 +184,6 @@ void AppDelegate::installPasteListener()
     }
     m_connections.push_back(m_ports.keyboard.keyDown.connect(
         [this](const KeyPress& press) { m_sounds.keyPressed(press); }));
-}
-
-void AppDelegate::togglePrivateMode()
-{
-    m_monitor.setPrivateModeEnabled(!m_monitor.isPrivateModeEnabled()); // updates the icon
 }
 
 void AppDelegate::updateStatusTitle()

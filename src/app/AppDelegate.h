@@ -45,7 +45,6 @@ private:
     void captured(ClipItem clip);
     void preparePanel();
     void selectWhatIsOnTheClipboard();
-    void togglePrivateMode();
     void updateStatusTitle();
     void updateStatusIcon();
     void applyTheme();

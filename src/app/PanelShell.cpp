@@ -11,6 +11,14 @@ namespace korvane {
 
 using namespace std::chrono_literals;
 
+namespace {
+    void callIfAny(const std::function<void()>& action)
+    {
+        if (action)
+            action();
+    }
+} // namespace
+
 PanelShell::PanelShell(World world)
     : m_world(std::move(world))
     , m_outsideClick(m_world.outsideClicks.pressed.connect([this] { clickedOutside(); }))
@@ -107,6 +115,21 @@ void PanelShell::openPreferences()
         isPanelVisible() ? std::optional(m_panel->frame()) : std::nullopt,
         m_world.screens.look().visible));
     m_world.settings->show();
+}
+
+void PanelShell::checkForUpdates()
+{
+    callIfAny(m_world.checkForUpdates);
+}
+
+void PanelShell::openMakersPage()
+{
+    callIfAny(m_world.openMakersPage);
+}
+
+void PanelShell::quit()
+{
+    callIfAny(m_world.quit);
 }
 
 void PanelShell::clickedOutside()

@@ -28,6 +28,10 @@ public:
         std::function<PreviewWindow&()> makePreview;
         /// The window of the settings; none where the program has no such window.
         PlacedWindow* settings = nullptr;
+        /// What is offered in the panel and concerns the whole program; one that is empty does nothing.
+        std::function<void()> checkForUpdates;
+        std::function<void()> openMakersPage;
+        std::function<void()> quit;
     };
 
     explicit PanelShell(World world);
@@ -49,6 +53,9 @@ public:
     void hidePreview() override;
     bool isPreviewVisible() const override;
     void openPreferences() override;
+    void checkForUpdates() override;
+    void openMakersPage() override;
+    void quit() override;
 
     /// The panel is about to be placed and shown; what is in front has not changed yet.
     Signal<> willOpen;

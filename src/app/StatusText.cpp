@@ -1,5 +1,7 @@
 #include "app/StatusText.h"
 
+#include "panel/ApplicationMenu.h"
+
 namespace korvane::statustext {
 
 std::string title(bool showsCount, std::size_t clipCount)
@@ -13,11 +15,11 @@ std::vector<MenuItem> menu(bool isPrivate, const MenuActions& actions)
         // Three blanks are as wide as the check mark, so that the text stays where it is.
         { isPrivate ? "✓ Private Mode" : "   Private Mode", "", actions.togglePrivateMode },
         {},
-        { "Preferences...", ",", actions.openPreferences },
-        { "Check for Updates...", "", actions.checkForUpdates },
-        { std::string(makersPageTitle), "", actions.openMakersPage },
+        { std::string(applicationmenu::preferencesTitle), ",", actions.openPreferences },
+        { std::string(applicationmenu::checkForUpdatesTitle), "", actions.checkForUpdates },
+        { std::string(applicationmenu::makersPageTitle), "", actions.openMakersPage },
         {},
-        { "Quit Korvane", "q", actions.quit },
+        { std::string(applicationmenu::quitTitle), "q", actions.quit },
     };
 }
 

@@ -14,7 +14,6 @@ namespace korvane {
 namespace statustext {
     inline constexpr std::string_view image = "doc.on.clipboard";
     inline constexpr std::string_view privateImage = "lock.doc";
-    inline constexpr std::string_view makersPageTitle = "More from the Makers of Korvane";
 
     /// A blank and the number of clips, or nothing.
     std::string title(bool showsCount, std::size_t clipCount);

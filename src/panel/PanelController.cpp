@@ -1,7 +1,7 @@
 #include "panel/PanelController.h"
 
+#include "capture/ClipboardMonitor.h"
 #include "model/ClipStore.h"
-#include "model/Preferences.h"
 #include "model/Text.h"
 #include "panel/PanelHost.h"
 #include "panel/Selection.h"
@@ -24,9 +24,10 @@ namespace {
 
 } // namespace
 
-PanelController::PanelController(ClipStore& store, const Preferences& preferences, PanelHost& host,
-    ClipActions& actions, TabSwitcher& tabs)
+PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
+    Preferences& preferences, PanelHost& host, ClipActions& actions, TabSwitcher& tabs)
     : m_store(store)
+    , m_monitor(monitor)
     , m_preferences(preferences)
     , m_host(host)
     , m_actions(actions)
@@ -118,6 +119,38 @@ void PanelController::switchTab(FilterTab tab)
 void PanelController::openPreferences()
 {
     m_host.openPreferences();
+}
+
+void PanelController::choose(applicationmenu::Action action)
+{
+    switch (action) {
+    case applicationmenu::Action::openPreferences:
+        return openPreferences();
+    case applicationmenu::Action::checkForUpdates:
+        return m_host.checkForUpdates();
+    case applicationmenu::Action::openMakersPage:
+        return m_host.openMakersPage();
+    case applicationmenu::Action::quit:
+        return m_host.quit();
+    }
+}
+
+void PanelController::togglePrivateMode()
+{
+    m_monitor.setPrivateModeEnabled(!m_monitor.isPrivateModeEnabled());
+}
+
+Connection PanelController::observePrivateMode(const std::function<void(bool)>& tell)
+{
+    tell(m_monitor.isPrivateModeEnabled());
+    return m_monitor.privateModeChanged.connect(tell);
+}
+
+Connection PanelController::observeChevronActivation(
+    const std::function<void(ChevronActivation)>& tell)
+{
+    tell(chevronActivation(m_preferences));
+    return m_preferences.changed.connect([this, tell] { tell(chevronActivation(m_preferences)); });
 }
 
 bool PanelController::perform(panelcommands::Pass)

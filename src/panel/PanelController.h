@@ -3,7 +3,9 @@
 #include "hotkey/KeyCodes.h"
 #include "model/ClipItem.h"
 #include "model/FilterTab.h"
+#include "model/Preferences.h"
 #include "model/Signal.h"
+#include "panel/ApplicationMenu.h"
 #include "panel/PanelKeys.h"
 
 #include <cstddef>
@@ -14,17 +16,17 @@
 namespace korvane {
 
 class ClipActions;
+class ClipboardMonitor;
 class ClipStore;
 class PanelHost;
-class Preferences;
 class TabSwitcher;
 
 /// Carries out the panel's keys, clicks and menus on the store and through the shell. An unknown
 /// clip is ignored everywhere.
 class PanelController {
 public:
-    PanelController(ClipStore& store, const Preferences& preferences, PanelHost& host,
-        ClipActions& actions, TabSwitcher& tabs);
+    PanelController(ClipStore& store, ClipboardMonitor& monitor, Preferences& preferences,
+        PanelHost& host, ClipActions& actions, TabSwitcher& tabs);
     PanelController(const PanelController&) = delete;
     PanelController& operator=(const PanelController&) = delete;
 
@@ -61,6 +63,14 @@ public:
     /// A click on a tab.
     void switchTab(FilterTab tab);
     void openPreferences();
+    /// A line of the menu of the whole program.
+    void choose(applicationmenu::Action action);
+
+    void togglePrivateMode();
+    /// Tells at once whether private mode is on, and again whenever that changes, by whomever.
+    Connection observePrivateMode(const std::function<void(bool)>& tell);
+    /// Tells at once how the chevrons scroll, and again whenever the preferences change.
+    Connection observeChevronActivation(const std::function<void(ChevronActivation)>& tell);
 
 private:
     bool perform(panelcommands::Pass command);
@@ -79,7 +89,8 @@ private:
     void withClip(const std::optional<ClipId>& id, const std::function<void(const ClipItem&)>& act);
 
     ClipStore& m_store;
-    const Preferences& m_preferences;
+    ClipboardMonitor& m_monitor;
+    Preferences& m_preferences;
     PanelHost& m_host;
     ClipActions& m_actions;
     TabSwitcher& m_tabs;

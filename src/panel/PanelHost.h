@@ -19,6 +19,11 @@ public:
     virtual void hidePreview() = 0;
     virtual bool isPreviewVisible() const = 0;
     virtual void openPreferences() = 0;
+    virtual void checkForUpdates() = 0;
+    /// Opens the page of what else the makers of the program have made.
+    virtual void openMakersPage() = 0;
+    /// Ends the program, once what is being done has been done.
+    virtual void quit() = 0;
 };
 
 /// What the panel has done with a clip.

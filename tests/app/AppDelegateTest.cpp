@@ -206,6 +206,37 @@ namespace {
         EXPECT_EQ(f.loop.pendingTimers(), 0U);
     }
 
+    TEST(AppDelegateTest, ThePanelsMenuReachesTheSamePorts)
+    {
+        using enum applicationmenu::Action;
+        test::AppFixture f;
+        f.launch();
+
+        f.panelController->choose(openPreferences);
+        EXPECT_TRUE(f.settings.isShown);
+        f.panelController->choose(checkForUpdates);
+        EXPECT_EQ(f.updateChecks, 1);
+        f.panelController->choose(openMakersPage);
+        ASSERT_EQ(f.desktop.opened.size(), 1U);
+        EXPECT_TRUE(f.desktop.opened.front().ends_with("/more"));
+        f.panelController->choose(quit);
+        EXPECT_EQ(f.quits, 1);
+    }
+
+    TEST(AppDelegateTest, PrivateModeSwitchedInThePanelIsSeenOnTheIconAndCapturesNothing)
+    {
+        test::AppFixture f;
+        f.launch();
+
+        f.panelController->togglePrivateMode();
+        f.copy("private");
+
+        EXPECT_EQ(f.statusItem.image, "lock.doc");
+        EXPECT_EQ(f.clipCount(), 0U);
+        f.panelController->togglePrivateMode();
+        EXPECT_EQ(f.statusItem.image, "doc.on.clipboard");
+    }
+
     TEST(AppDelegateTest, PrivateModeSwitchedByHandIsSeenOnTheIcon)
     {
         test::AppFixture f;

@@ -198,5 +198,48 @@ namespace {
         EXPECT_FALSE(f.type("c", modifiers::command));
     }
 
+    TEST(PanelControllerTest, EachLineOfTheProgramsMenuIsPassedToTheShell)
+    {
+        using enum applicationmenu::Action;
+        PanelFixture f;
+
+        f.controller.choose(openPreferences);
+        EXPECT_EQ(f.host.preferencesOpened, 1);
+        f.controller.choose(checkForUpdates);
+        EXPECT_EQ(f.host.updateChecks, 1);
+        f.controller.choose(openMakersPage);
+        EXPECT_EQ(f.host.makersPagesOpened, 1);
+        f.controller.choose(quit);
+        EXPECT_EQ(f.host.quits, 1);
+        EXPECT_EQ(f.host.closes, 0);
+    }
+
+    TEST(PanelControllerTest, PrivateModeIsTurnedOverAndTold)
+    {
+        PanelFixture f;
+        std::vector<bool> told;
+        const auto connection = f.controller.observePrivateMode(
+            [&told](bool isPrivate) { told.push_back(isPrivate); });
+
+        f.controller.togglePrivateMode();
+        EXPECT_TRUE(f.monitor.isPrivateModeEnabled());
+        EXPECT_TRUE(f.preferences.boolean(keys::privateModeEnabled));
+        f.monitor.setPrivateModeEnabled(false); // by somebody else
+
+        EXPECT_EQ(told, (std::vector<bool> { false, true, false }));
+    }
+
+    TEST(PanelControllerTest, HowTheChevronsScrollIsToldAtOnceAndWhenItChanges)
+    {
+        PanelFixture f;
+        std::vector<ChevronActivation> told;
+        const auto connection = f.controller.observeChevronActivation(
+            [&told](ChevronActivation activation) { told.push_back(activation); });
+
+        f.preferences.set(keys::chevronActivation, std::string("click"));
+
+        EXPECT_EQ(told, (std::vector { ChevronActivation::hover, ChevronActivation::click }));
+    }
+
 } // namespace
 } // namespace korvane

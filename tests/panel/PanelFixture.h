@@ -1,11 +1,14 @@
 #pragma once
 
+#include "capture/ClipboardMonitor.h"
 #include "model/ClipStore.h"
 #include "model/Preferences.h"
 #include "panel/PanelController.h"
 #include "panel/TabSwitcher.h"
 #include "support/FakeClipActions.h"
 #include "support/FakePanelHost.h"
+#include "support/FakePasteboard.h"
+#include "support/FakeWorkspace.h"
 #include "support/ManualLoop.h"
 #include "support/MemoryPreferences.h"
 #include "support/RecordingLog.h"
@@ -76,10 +79,13 @@ struct PanelFixture {
     MemoryPreferences preferences;
     RecordingLog log;
     ClipStore store { folder.path() / "data", preferences, loop, log };
+    FakePasteboard pasteboard { loop };
+    FakeWorkspace workspace;
+    ClipboardMonitor monitor { pasteboard, workspace, preferences, loop };
     FakePanelHost host;
     FakeClipActions actions;
     TabSwitcher tabs { store, loop };
-    PanelController controller { store, preferences, host, actions, tabs };
+    PanelController controller { store, monitor, preferences, host, actions, tabs };
 };
 
 } // namespace korvane::test

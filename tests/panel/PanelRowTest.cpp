@@ -146,7 +146,7 @@ namespace {
         PanelFixture f;
         f.fill({ "a clip that is long enough not to live inside the string", "b" });
         Deleting actions(f.store);
-        PanelController controller(f.store, f.preferences, f.host, actions, f.tabs);
+        PanelController controller(f.store, f.monitor, f.preferences, f.host, actions, f.tabs);
 
         controller.click(f.idAt(0));
 

@@ -29,12 +29,18 @@ public:
     }
     bool isPreviewVisible() const override { return isPreviewShown; }
     void openPreferences() override { ++preferencesOpened; }
+    void checkForUpdates() override { ++updateChecks; }
+    void openMakersPage() override { ++makersPagesOpened; }
+    void quit() override { ++quits; }
 
     int closes = 0;
     std::vector<Preview> previews;
     int previewHides = 0;
     bool isPreviewShown = false;
     int preferencesOpened = 0;
+    int updateChecks = 0;
+    int makersPagesOpened = 0;
+    int quits = 0;
 };
 
 } // namespace korvane::test

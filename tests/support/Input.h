@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHoverEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -16,6 +17,15 @@ inline void movePointer(QWidget& widget, const QPointF& to)
     QMouseEvent move(
         QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &move);
+}
+/// The pointer comes to the widget, or leaves it.
+inline void hover(QWidget& widget, bool isOver)
+{
+    const QPointF at = isOver ? QPointF(widget.rect().center()) : QPointF(-1, -1);
+    widget.setAttribute(Qt::WA_UnderMouse, isOver);
+    QHoverEvent event(isOver ? QEvent::HoverEnter : QEvent::HoverLeave, at, widget.mapToGlobal(at),
+        isOver ? QPointF(-1, -1) : at);
+    QApplication::sendEvent(&widget, &event);
 }
 inline void press(QWidget& widget, const QPointF& at, Qt::MouseButton button = Qt::LeftButton)
 {

@@ -2,6 +2,7 @@
 
 #include "app/view/KeyEvents.h"
 #include "panel/view/PanelStyle.h"
+#include "panel/view/RoundedRegion.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -31,21 +32,6 @@ namespace {
         QPainterPath path;
         path.addRoundedRect(rect, radius, radius);
         return path;
-    }
-
-    /// The same as a region, which has whole pixels only: a row is as wide as the curve lets it be
-    /// at its middle.
-    QRegion roundedRegion(const QRect& rect, int radius)
-    {
-        QRegion region(rect.adjusted(0, radius, 0, -radius));
-        for (int row = 0; row < radius; ++row) {
-            const double up = radius - row - 0.5;
-            const auto inset
-                = static_cast<int>(std::lround(radius - std::sqrt(radius * radius - up * up)));
-            region += QRect(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1);
-            region += QRect(rect.left() + inset, rect.bottom() - row, rect.width() - 2 * inset, 1);
-        }
-        return region;
     }
 } // namespace
 

@@ -1,17 +1,18 @@
 #include "panel/view/ClipListView.h"
 
+#include "panel/ClipScrollTracker.h"
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
 #include "panel/TabSwitcher.h"
 #include "panel/view/ClipRowMenu.h"
 #include "panel/view/EmptyListPainter.h"
 #include "panel/view/FilterTabBar.h"
+#include "panel/view/PanelMenu.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/Symbols.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -88,8 +89,7 @@ double ClipListView::contentHeight()
 
 void ClipListView::setOffset(double offset)
 {
-    const double most = std::max(contentHeight() - height(), 0.0);
-    offset = std::clamp(offset, 0.0, most);
+    offset = std::clamp(offset, 0.0, largestScrollOffset(contentHeight(), height()));
     if (offset == m_offset)
         return;
     m_offset = offset;
@@ -303,7 +303,7 @@ void ClipListView::selectionChanged(const std::optional<ClipId>& selected)
 /// Brings everything that follows from the rows and their places up to date.
 void ClipListView::settle()
 {
-    m_offset = std::clamp(m_offset, 0.0, std::max(contentHeight() - height(), 0.0));
+    m_offset = std::clamp(m_offset, 0.0, largestScrollOffset(contentHeight(), height()));
     if (const auto selected = m_shown.indexOf(m_selected))
         m_store.panel().selectedRowMidY = metrics::listTop + rowRect(*selected).center().y();
     if (const auto renamed = m_shown.indexOf(m_renamed)) {
@@ -311,6 +311,7 @@ void ClipListView::settle()
         m_renameField.setGeometry(title.toAlignedRect());
     }
     hoverAt(m_pointer);
+    measured();
 }
 
 void ClipListView::centre(std::size_t index)
@@ -344,9 +345,19 @@ void ClipListView::openMenu(std::size_t index, const QPoint& at)
 {
     const auto& clip = *m_shown.rows()[index].clip;
     const double rowMidY = metrics::listTop + rowRect(index).center().y();
-    makeClipRowMenu(
-        clip, m_controller, [this, id = clip.id] { beginRename(id); }, rowMidY, this)
-        ->popup(at);
+    auto* menu = makeClipRowMenu(
+        clip, m_controller, [this, id = clip.id] { beginRename(id); }, rowMidY, this);
+    connect(menu, &QMenu::aboutToHide, this, [this] { setMenuRow(std::nullopt); });
+    setMenuRow(clip.id);
+    menu->popup(at);
+}
+
+/// Whoever reads a menu sees which row it belongs to, and no other row lights up meanwhile.
+void ClipListView::setMenuRow(std::optional<ClipId> id)
+{
+    updateRow(m_hovered);
+    updateRow(m_shown.indexOf(std::exchange(m_menuRow, id)));
+    updateRow(m_shown.indexOf(id));
 }
 
 ClipRow ClipListView::row(std::size_t index)
@@ -355,7 +366,7 @@ ClipRow ClipListView::row(std::size_t index)
     return { .clip = *clip,
         .shortcutIndex = index,
         .isSelected = m_selected == id,
-        .isHovered = m_hovered == index,
+        .isHovered = m_menuRow ? m_menuRow == id : m_hovered == index,
         .isPressed = m_pressed == id && m_hovered == index,
         .isRenaming = m_renamed == id,
         .isMissing = clip->type == ClipType::file && m_files.isMissing(clip->text) };

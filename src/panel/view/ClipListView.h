@@ -34,6 +34,8 @@ public:
     double contentHeight();
     /// Scrolls, no further than to the list's ends.
     void setOffset(double offset);
+    /// What there is of the list, what is seen of it, or how far it is scrolled may have changed.
+    Signal<> measured;
 
     /// Where the row at a place of the displayed list is; it need not be in view.
     QRectF rowRect(std::size_t index) const;
@@ -69,6 +71,7 @@ private:
     void hoverAt(std::optional<QPointF> pointer);
     void updateRow(std::optional<std::size_t> index);
     void openMenu(std::size_t index, const QPoint& at);
+    void setMenuRow(std::optional<ClipId> id);
     ClipRow row(std::size_t index);
 
     ClipStore& m_store;
@@ -86,6 +89,7 @@ private:
     std::optional<QPointF> m_pointer; // while it is over the list
     std::optional<std::size_t> m_hovered;
     std::optional<ClipId> m_pressed;
+    std::optional<ClipId> m_menuRow; // whose menu is open
     std::optional<ClipId> m_renamed;
     PanelLineEdit m_renameField;
 

@@ -14,13 +14,14 @@ namespace {
 ClipPanelView::ClipPanelView(
     ClipStore& store, PanelController& controller, MainLoop& loop, const TextReader& reader)
     : m_controller(controller)
-    , m_header(this)
+    , m_header(controller, m_symbols, this)
     , m_search(store, m_symbols, reader, this)
     , m_tabs(
           store, loop, m_symbols, [&controller](FilterTab tab) { controller.switchTab(tab); }, this)
     , m_list(
           store, controller, loop, m_symbols, reader,
           [this] { m_search.setFocus(Qt::OtherFocusReason); }, this)
+    , m_chevrons(m_list, controller, loop, m_symbols, this)
     , m_footer(store, this)
 {
 }
@@ -35,7 +36,7 @@ bool ClipPanelView::handle(const KeyPress& press)
         m_list.openMenuOfSelectedRow();
         return true;
     }
-    return m_controller.handle(press);
+    return m_header.handle(press) || m_controller.handle(press);
 }
 
 void ClipPanelView::resizeEvent(QResizeEvent*)
@@ -46,12 +47,18 @@ void ClipPanelView::resizeEvent(QResizeEvent*)
         0, metrics::headerHeight + metrics::searchHeight, width(), metrics::tabsHeight);
     const int footerTop = height() - metrics::footerHeight;
     m_list.setGeometry(0, metrics::listTop, width(), footerTop - metrics::listTop);
+    m_chevrons.place();
     m_footer.setGeometry(0, footerTop, width(), metrics::footerHeight);
 }
 
 void ClipPanelView::showEvent(QShowEvent*)
 {
     m_search.setFocus(Qt::OtherFocusReason);
+}
+
+void ClipPanelView::hideEvent(QHideEvent*)
+{
+    m_chevrons.stop();
 }
 
 bool ClipPanelView::handleWhileRenaming(const KeyPress& press)

@@ -3,6 +3,7 @@
 #include "hotkey/KeyCodes.h"
 #include "panel/view/ClipListView.h"
 #include "panel/view/FilterTabBar.h"
+#include "panel/view/ListChevrons.h"
 #include "panel/view/PanelFooter.h"
 #include "panel/view/PanelHeader.h"
 #include "panel/view/SearchTextField.h"
@@ -23,14 +24,17 @@ public:
     /// @return whether the press goes no further
     bool handle(const KeyPress& press);
 
+    PanelHeader& header() { return m_header; }
     SearchTextField& search() { return m_search; }
     FilterTabBar& tabs() { return m_tabs; }
     ClipListView& list() { return m_list; }
+    ListChevrons& chevrons() { return m_chevrons; }
     PanelFooter& footer() { return m_footer; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     bool handleWhileRenaming(const KeyPress& press);
@@ -41,6 +45,7 @@ private:
     SearchTextField m_search;
     FilterTabBar m_tabs;
     ClipListView m_list;
+    ListChevrons m_chevrons;
     PanelFooter m_footer;
 };
 

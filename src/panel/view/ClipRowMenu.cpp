@@ -2,10 +2,8 @@
 
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
+#include "panel/view/PanelMenu.h"
 
-#include <QMenu>
-
-#include <memory>
 #include <utility>
 
 namespace korvane {
@@ -37,19 +35,19 @@ namespace {
 
 } // namespace
 
-QMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
+PanelMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
     const std::function<void()>& beginRename, double rowMidY, QWidget* parent)
 {
-    auto* menu = std::make_unique<QMenu>(parent).release(); // its parent's
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto* menu = PanelMenu::make(parent);
     for (const auto& item : paneltexts::rowMenu(clip)) {
         if (!item.action) {
             menu->addSeparator();
             continue;
         }
-        auto* line = menu->addAction(QString::fromUtf8(item.title));
-        QObject::connect(line, &QAction::triggered, menu,
-            performed(*item.action, clip.id, controller, beginRename, rowMidY));
+        menu->addLine(item.title,
+            performed(*item.action, clip.id, controller, beginRename, rowMidY),
+            *item.action == paneltexts::RowAction::remove ? PanelMenu::Tone::destructive
+                                                          : PanelMenu::Tone::plain);
     }
     return menu;
 }

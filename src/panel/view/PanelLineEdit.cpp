@@ -1,11 +1,13 @@
 #include "panel/view/PanelLineEdit.h"
 
+#include "panel/view/PanelMenu.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace korvane {
@@ -79,19 +81,18 @@ void PanelLineEdit::mouseReleaseEvent(QMouseEvent* event)
 
 void PanelLineEdit::contextMenuEvent(QContextMenuEvent* event)
 {
-    auto* menu = std::make_unique<QMenu>(this).release(); // ours as a child
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [menu](const QString& title, bool isEnabled, auto action) {
-        menu->addAction(title, action)->setEnabled(isEnabled);
+    auto* menu = PanelMenu::make(this);
+    const auto add = [menu](std::string_view title, bool isEnabled, auto action) {
+        menu->addLine(title, action)->setEnabled(isEnabled);
     };
-    add(QStringLiteral("Undo"), isUndoAvailable(), [this] { undo(); });
-    add(QStringLiteral("Redo"), isRedoAvailable(), [this] { redo(); });
+    add("Undo", isUndoAvailable(), [this] { undo(); });
+    add("Redo", isRedoAvailable(), [this] { redo(); });
     menu->addSeparator();
-    add(QStringLiteral("Cut"), hasSelectedText(), [this] { cut(); });
-    add(QStringLiteral("Copy"), hasSelectedText(), [this] { copy(); });
-    add(QStringLiteral("Paste"), true, [this] { pasteText(); });
+    add("Cut", hasSelectedText(), [this] { cut(); });
+    add("Copy", hasSelectedText(), [this] { copy(); });
+    add("Paste", true, [this] { pasteText(); });
     menu->addSeparator();
-    add(QStringLiteral("Select All"), !text().isEmpty(), [this] { selectAll(); });
+    add("Select All", !text().isEmpty(), [this] { selectAll(); });
     menu->popup(event->globalPos());
 }
 

@@ -150,7 +150,7 @@ namespace {
         test::ViewFixture f;
         ClipStore store(folder.path(), f.preferences, f.loop, f.log);
         TabSwitcher tabs(store, f.loop);
-        PanelController controller(store, f.preferences, f.host, f.actions, tabs);
+        PanelController controller(store, f.monitor, f.preferences, f.host, f.actions, tabs);
         ClipPanelView view(store, controller, f.loop, {});
         view.resize(metrics::panelWidth, 880);
         view.show();

@@ -1,5 +1,6 @@
 #include "panel/view/ClipPanelView.h"
 
+#include "panel/view/PanelMenu.h"
 #include "panel/view/PanelStyle.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
@@ -162,6 +163,40 @@ namespace {
         EXPECT_TRUE(f.view.handle({ 109, modifiers::shift, "" }));
         ASSERT_NE(f.menu(), nullptr);
         f.menu()->close();
+    }
+
+    TEST(ClipRowMenuTest, DeleteIsRedAndAloneInThat)
+    {
+        MenuFixture f;
+        test::rightClick(f.view.list(), f.view.list().rowRect(0).center());
+
+        auto* menu = dynamic_cast<PanelMenu*>(f.menu());
+        ASSERT_NE(menu, nullptr);
+        for (const auto* action : menu->actions())
+            EXPECT_EQ(menu->toneOf(action) == PanelMenu::Tone::destructive,
+                action->text() == QStringLiteral("Delete"));
+        menu->close();
+    }
+
+    TEST(ClipRowMenuTest, TheRowWhoseMenuIsOpenKeepsItsHoverGroundAndNoOtherHasOne)
+    {
+        MenuFixture f;
+        auto& list = f.view.list();
+        const auto groundOf = [&list](std::size_t index) {
+            const auto row = list.rowRect(index);
+            return list.grab().toImage().pixelColor(
+                static_cast<int>(row.center().x()), static_cast<int>(row.bottom()) - 4);
+        };
+        const auto plain = groundOf(0);
+
+        test::rightClick(list, list.rowRect(1).center());
+        test::movePointer(list, list.rowRect(3).center());
+        EXPECT_NE(groundOf(1), plain);
+        EXPECT_EQ(groundOf(3), plain);
+        f.menu()->close();
+
+        EXPECT_EQ(groundOf(1), plain);
+        EXPECT_NE(groundOf(3), plain);
     }
 
     TEST(ClipRowMenuTest, WithoutASelectionTheMenuKeyOpensNothing)

@@ -1,6 +1,7 @@
 #include "panel/view/PanelStyle.h"
 
 #include "app/view/ApplicationTheme.h"
+#include "panel/view/PanelMenu.h"
 
 #include <gtest/gtest.h>
 
@@ -106,6 +107,16 @@ namespace {
     TEST_P(PanelStyleTest, TheAccentIsTheSame)
     {
         EXPECT_EQ(panelColours(GetParam()).accent, QColor(28, 158, 117));
+    }
+
+    TEST_P(PanelStyleTest, TheLineOfAMenuThatDeletesCanBeReadAlsoUnderThePointer)
+    {
+        const auto& colours = panelColours(GetParam());
+        const auto ink = destructiveColour(GetParam());
+
+        EXPECT_GE(contrast(ink, colours.panel), 4.5);
+        EXPECT_GE(contrast(ink, over(colours.panel, colours.pressed)), 4.5);
+        EXPECT_GE(contrast(colours.text, over(colours.panel, colours.pressed)), 4.5);
     }
 
     INSTANTIATE_TEST_SUITE_P(
