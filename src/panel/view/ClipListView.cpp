@@ -78,6 +78,10 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
             isSwitching ? 0 : 1, isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
     }));
     m_connections.push_back(m_files.changed.connect([this] { update(); }));
+    m_connections.push_back(controller.observePrivateMode([this](bool isPrivate) {
+        m_isPrivate = isPrivate;
+        update();
+    }));
     m_selected = panel.selectedClipID.value();
 }
 
@@ -189,7 +193,7 @@ void ClipListView::paintEvent(QPaintEvent* event)
         const auto& panel = m_store.panel();
         const auto tab = panel.panelFilterTab.value();
         paintEmptyList(painter, rect(),
-            emptyList(m_store.clips().empty(), false, tab, panel.panelSearch.value()),
+            emptyList(m_store.clips().empty(), m_isPrivate, tab, panel.panelSearch.value()),
             symbolOf(tab), m_symbols, palette());
         return;
     }

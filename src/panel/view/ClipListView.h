@@ -89,6 +89,7 @@ private:
     std::optional<QPointF> m_pointer; // while it is over the list
     std::optional<std::size_t> m_hovered;
     std::optional<ClipId> m_pressed;
+    bool m_isPrivate = false;
     std::optional<ClipId> m_menuRow; // whose menu is open
     std::optional<ClipId> m_renamed;
     PanelLineEdit m_renameField;

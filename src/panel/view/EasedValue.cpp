@@ -60,13 +60,6 @@ void EasedValue::setNow(double value)
     m_changed();
 }
 
-void EasedValue::setNow(double value)
-{
-    m_tick.stop();
-    m_value = m_target = value;
-    m_changed();
-}
-
 void EasedValue::step()
 {
     // The wall clock may be set meanwhile; then the end comes at once.

@@ -137,7 +137,7 @@ namespace {
             const auto* menu = dynamic_cast<const PanelMenu*>(widget);
             const auto* action = menu ? menu->actionAt(line.rect.center()) : nullptr;
             return action && menu->toneOf(action) == PanelMenu::Tone::destructive
-                ? destructiveColour(schemeOf(palette))
+                ? panelColours(palette).redText
                 : panelColours(palette).text;
         }
     };
@@ -199,11 +199,6 @@ void PanelMenu::resizeEvent(QResizeEvent* event)
         clearMask();
     else
         setMask(roundedRegion(rect(), metrics::panelRadius));
-}
-
-QColor destructiveColour(ColourScheme scheme)
-{
-    return scheme == ColourScheme::dark ? QColor { 0xff, 0x8a, 0x80 } : QColor { 0xb3, 0x26, 0x1e };
 }
 
 } // namespace korvane

@@ -38,8 +38,4 @@ private:
     std::vector<const QAction*> m_destructive;
 };
 
-/// The colour of a line whose action cannot be undone: readable on the menu's ground, also under the
-/// pointer.
-QColor destructiveColour(ColourScheme scheme);
-
 } // namespace korvane
