@@ -50,9 +50,10 @@ TextLines::TextLines(const QString& text, const Look& look, double width)
         addParagraph(paragraph, look.font, optionFor(paragraph, look), width);
 }
 
-/// The toolkit looks at an endless word from its beginning to its end for each line that it breaks off.
-/// So a long paragraph is given to it by pieces. The last line of a piece is not full: it is the first
-/// of the next.
+/// The toolkit looks at an endless word from its beginning to its end for each line that it breaks off,
+/// and whatever stands after 4096 units it takes for another word, were it half a character. So a long
+/// paragraph is given to it by pieces. The last line of a piece is not full: it is the first of the
+/// next.
 void TextLines::addParagraph(
     const QString& text, const QFont& font, const QTextOption& option, double width)
 {
@@ -70,7 +71,7 @@ void TextLines::addParagraph(
         piece.lines = piece.layout.lineCount() - (isLast ? 0 : 1);
         if (piece.lines == 0) { // marks that take no room
             m_pieces.pop_back();
-            length *= 2;
+            length *= 4;
             continue;
         }
         piece.top = m_height;

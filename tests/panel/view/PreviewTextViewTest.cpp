@@ -7,7 +7,6 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 
@@ -103,25 +102,6 @@ namespace {
         const auto fitting = f.picture();
         f.view.resize(width, f.view.height() + 40);
         EXPECT_EQ(ink(f.picture(), f.view.rect()), ink(fitting, fitting.rect()));
-    }
-
-    TEST(PreviewTextViewTest, WordsGoOnTheNextLineWhereTheyHaveNoRoom)
-    {
-        TextViewFixture f(QStringLiteral("window harbour letter morning ").repeated(10));
-
-        EXPECT_GE(f.used(), 3 * metrics::previewLineHeight);
-        EXPECT_LT(inkColumns(f.picture()).second, width);
-    }
-
-    TEST(PreviewTextViewTest, AWordWithoutAnEndIsBrokenAnywhereAndFillsItsLines)
-    {
-        TextViewFixture f(QString(16384, u'x'));
-        const auto advance = QFontMetricsF(panelFont(12)).horizontalAdvance(u'x');
-        const auto perLine = static_cast<int>(width / advance);
-        const int lines = (16384 + perLine - 1) / perLine;
-
-        EXPECT_NEAR(f.used(), lines * metrics::previewLineHeight, metrics::previewLineHeight);
-        EXPECT_LT(inkColumns(f.picture()).second, width);
     }
 
     TEST(PreviewTextViewTest, CodeIsInTheMonospacedFontAndEverythingElseInTheProportionalOne)

@@ -39,6 +39,7 @@ namespace {
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         option.setTextDirection(Qt::LeftToRight);
+        option.setTabStopDistance(28);
         layout.setTextOption(option);
         double y = 0;
         layout.beginLayout();
@@ -77,9 +78,10 @@ namespace {
 
     TEST(TextLinesTest, NoHalfOfACharacterIsShownWhereALongParagraphIsDivided)
     {
+        // In one piece the toolkit itself cuts a character in two after 4096 units, deliberately less here.
         for (int before = 0; before < 4; ++before) {
             const auto paragraph
-                = QString(before, u'x') + QStringLiteral("👩‍👩‍👧‍👦").repeated(600);
+                = QString(before, u'x') + QStringLiteral("👩‍👩‍👧‍👦").repeated(300);
             const auto picture = pictureOf(TextLines(paragraph, look(), width));
 
             EXPECT_EQ(picture, pictureInOnePiece(paragraph, picture.height())) << before;
