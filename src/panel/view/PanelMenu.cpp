@@ -6,7 +6,6 @@
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QProxyStyle>
 #include <QStyleOptionMenuItem>
 
@@ -54,7 +53,7 @@ namespace {
             if (type != CT_MenuItem || line == nullptr)
                 return QProxyStyle::sizeFromContents(type, option, size, widget);
             if (line->menuItemType == QStyleOptionMenuItem::Separator)
-                return { 0, dividerHeight };
+                return { 2 * linePadding, dividerHeight };
             const int width
                 = QFontMetrics(line->font).size(Qt::TextHideMnemonic, line->text).width();
             return { width + 2 * linePadding, lineHeight };
@@ -66,7 +65,8 @@ namespace {
             if (element == PE_FrameMenu)
                 return; // drawn with the ground
             if (element == PE_PanelMenu)
-                drawGround(*painter, option->rect, panelColours(option->palette));
+                drawGround(*painter, option->rect, panelColours(option->palette),
+                    widget && !widget->mask().isEmpty());
             else
                 QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
@@ -84,21 +84,30 @@ namespace {
         }
 
     private:
-        static void drawGround(QPainter& painter, const QRect& place, const PanelColours& colours)
+        /// @param isCut  the window is cut to its shape, which has whole pixels only: each needs a
+        ///               colour, so the edge fills what the inner shape leaves over
+        static void drawGround(
+            QPainter& painter, const QRect& place, const PanelColours& colours, bool isCut)
         {
-            constexpr int radius = metrics::panelRadius;
+            constexpr double radius = metrics::panelRadius;
             painter.save();
-            // Without a compositor the window is cut to its shape, whose pixels must have a colour.
             painter.setCompositionMode(QPainter::CompositionMode_Source);
-            painter.fillRect(place, Qt::transparent);
+            painter.fillRect(place, isCut ? colours.panel : QColor(Qt::transparent));
             painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
             painter.setRenderHint(QPainter::Antialiasing);
-            QPainterPath shape;
-            shape.addRoundedRect(place, radius, radius);
-            painter.fillPath(shape, colours.panel);
-            painter.setPen(colours.edge);
-            painter.drawRoundedRect(
-                QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colours.panel);
+            if (isCut) {
+                painter.fillRect(place, colours.edge);
+                painter.drawRoundedRect(
+                    QRectF(place).adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+            } else {
+                painter.drawRoundedRect(place, radius, radius);
+                painter.setBrush(Qt::NoBrush);
+                painter.setPen(colours.edge);
+                painter.drawRoundedRect(
+                    QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+            }
             painter.restore();
         }
 

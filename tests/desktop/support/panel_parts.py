@@ -36,7 +36,7 @@ class PanelParts:
 
     def has_chevron(self, box):
         """Whether the straight parts of a chevron's edge are seen, one line above its ground and one below."""
-        rows = [bytes(row) for row in self.screen.pixels(Box(box.x + 10, box.y, 8, box.height))]
+        rows = [bytes(row) for row in self.screen.pixels(Box(box.x + 11, box.y, 6, box.height))]
         colours = [{row[at:at + 3] for at in range(0, len(row), 4)} for row in rows]
         edge, ground = colours[0], colours[2]
         return len(edge) == 1 and len(ground) == 1 and edge != ground and colours[-1] == edge and colours[-3] == ground

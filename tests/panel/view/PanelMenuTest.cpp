@@ -101,6 +101,29 @@ namespace {
         EXPECT_FALSE(menu.mask().contains(QPoint(0, 0)));
         EXPECT_TRUE(menu.mask().contains(QPoint(12, 0)));
         EXPECT_TRUE(menu.mask().contains(menu.rect().center()));
+        // No pixel of the cut shape is left without a colour.
+        const auto image = menu.grab().toImage();
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                if (menu.mask().contains(QPoint(x, y)))
+                    ASSERT_EQ(image.pixelColor(x, y).alpha(), 255) << x << ", " << y;
+            }
+        }
+    }
+
+    TEST(PanelMenuTest, ADividerSeparatesTwoLines)
+    {
+        MenuFixture f;
+        auto* above = f.menu->addLine("Copy", [] {});
+        f.menu->addSeparator();
+        auto* below = f.menu->addLine("Delete", [] {});
+        f.open();
+
+        EXPECT_EQ(f.menu->actionGeometry(below).top() - f.menu->actionGeometry(above).bottom(), 10);
+        const auto image = f.menu->grab().toImage();
+        const int middle = f.menu->actionGeometry(above).bottom() + 5;
+        EXPECT_NE(image.pixelColor(image.width() / 2, middle),
+            image.pixelColor(image.width() / 2, middle - 2));
     }
 
     TEST(PanelMenuTest, ADestructiveLineIsRedAndTheOthersAreNot)
