@@ -38,8 +38,10 @@ class PanelParts:
         """Whether the straight parts of a chevron's edge are seen, one line above its ground and one below."""
         rows = [bytes(row) for row in self.screen.pixels(Box(box.x + 11, box.y, 6, box.height))]
         colours = [{row[at:at + 3] for at in range(0, len(row), 4)} for row in rows]
-        edge, ground = colours[0], colours[2]
-        return len(edge) == 1 and len(ground) == 1 and edge != ground and colours[-1] == edge and colours[-3] == ground
+        # The shadow under its edge makes one line darker than the other.
+        edges, grounds = colours[0] | colours[-1], colours[2] | colours[-3]
+        return (all(len(colours[line]) == 1 for line in (0, 2, -1, -3)) and len(grounds) == 1
+                and max(edges) < min(grounds) and min(grounds)[0] - max(edges)[0] > 15)
 
     def chevrons(self):
         return "".join(name for name, box in (("up ", self.up), ("down", self.down)) if self.has_chevron(box)).strip()
