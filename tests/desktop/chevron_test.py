@@ -5,6 +5,7 @@ import time
 from support.case import DesktopTest
 from support.history import clip
 from support.panel_parts import PanelParts, shift
+from support.tray import Tray
 from support.waiting import wait_for
 
 WHEEL_UP, WHEEL_DOWN = 4, 5
@@ -12,9 +13,11 @@ WHEEL_UP, WHEEL_DOWN = 4, 5
 
 class ChevronTest(DesktopTest):
     def open(self, clips=60, **preferences):
+        tray = Tray(self.desk)
         self.start_korvane([clip(f"{number} of the clips") for number in range(clips)], **preferences)
+        tray.icon()  # from now on the panel opens at the same place each time
         self.parts = PanelParts(self.screen, self.korvane.open())
-        # The panel has been painted when its last row's title has.
+        # They are painted with the list.
         wait_for("the chevrons", lambda: self.parts.chevrons() == ("down" if clips > 15 else ""))
 
     def point_at(self, chevron):

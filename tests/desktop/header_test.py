@@ -67,6 +67,7 @@ class HeaderTest(DesktopTest):
         icon = tray.icon()
         # The icon's picture may be wider with the lock than without.
         box = type(icon)(icon.x - 3, icon.y, icon.width + 6, icon.height)
+        wait_for("the icon is painted", lambda: len({bytes(row) for row in self.screen.pixels(icon)}) > 1)
         plain = self.screen.pixels(box)
         self.parts = PanelParts(self.screen, self.korvane.open())
 
