@@ -71,6 +71,12 @@ void PanelController::click(const ClipId& id)
     });
 }
 
+void PanelController::selectClip(const ClipId& id)
+{
+    m_host.hidePreview();
+    withClip(id, [this](const ClipItem& clip) { m_store.panel().selectedClipID.set(clip.id); });
+}
+
 void PanelController::copy(const ClipId& id)
 {
     withClip(id, [this](const ClipItem& clip) { m_actions.copy(clip); });

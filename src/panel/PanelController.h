@@ -46,6 +46,8 @@ public:
     /// A click on a row: selects the clip, puts it on the clipboard (or reveals its file) and
     /// closes the panel.
     void click(const ClipId& id);
+    /// Selects the clip, and does nothing else with it.
+    void selectClip(const ClipId& id);
     void copy(const ClipId& id);
     void pasteDirectly(const ClipId& id);
     /// Shows the overflow file of a large clip in the file manager.

@@ -119,6 +119,21 @@ std::string rowDescription(
     return description;
 }
 
+std::string filterAnnouncement(
+    std::optional<FilterTab> newTab, std::size_t count, std::string_view row)
+{
+    std::string text;
+    if (newTab)
+        text.append(title(*newTab)).append(", ");
+    if (count == 0)
+        text += newTab ? "no clips" : "No clips";
+    else
+        text += std::to_string(count) + (count == 1 ? " clip" : " clips");
+    if (!row.empty())
+        text.append(", ").append(row);
+    return text;
+}
+
 std::vector<RowMenuItem> rowMenu(const ClipItem& clip)
 {
     std::vector<RowMenuItem> menu {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ClipItem.h"
+#include "model/FilterTab.h"
 #include "model/MainLoop.h"
 
 #include <cstddef>
@@ -44,6 +45,13 @@ namespace paneltexts {
     /// @param count  how many rows there are
     std::string rowDescription(
         const ClipItem& clip, TimePoint now, std::size_t index, std::size_t count);
+
+    /// What tab and search leave, for someone who does not see the list: "5 clips", "No clips",
+    /// "Code, 5 clips, " and the selected row.
+    /// @param newTab  the tab, where that is new as well
+    /// @param row  the description of the selected row, where it is not told otherwise
+    std::string filterAnnouncement(
+        std::optional<FilterTab> newTab, std::size_t count, std::string_view row);
 
     enum class RowAction { copy, pasteDirectly, reveal, togglePin, rename, quickLook, remove };
     /// One line of a row's context menu; without an action it is a divider.

@@ -50,6 +50,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     setAccessibleName(QStringLiteral("Clips"));
     m_renameField.hide();
     m_renameField.setFont(panelFont(13));
+    m_renameField.setAccessibleName(QStringLiteral("Name"));
     m_renameField.setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
     m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder));
     connect(&m_renameField, &QLineEdit::returnPressed, this, [this] { submitRename(); });
@@ -161,7 +162,12 @@ void ClipListView::giveUpRename()
 
 void ClipListView::openMenuOfSelectedRow()
 {
-    const auto index = m_shown.indexOf(m_selected);
+    openMenuOf(m_selected);
+}
+
+void ClipListView::openMenuOf(const std::optional<ClipId>& id)
+{
+    const auto index = m_shown.indexOf(id);
     if (!index)
         return;
     bringIntoView(*index);

@@ -48,6 +48,14 @@ public:
     void giveUpRename();
     /// The context menu of the selected row, for the keyboard; nothing where none is displayed.
     void openMenuOfSelectedRow();
+    /// The same for any clip.
+    void openMenuOf(const std::optional<ClipId>& id);
+
+    /// What stands behind the rows, for those who do not see them.
+    ShownClips& shown() { return m_shown; }
+    ClipStore& store() const { return m_store; }
+    PanelController& controller() const { return m_controller; }
+    MainLoop& loop() const { return m_loop; }
 
 protected:
     bool event(QEvent* event) override;

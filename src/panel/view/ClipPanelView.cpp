@@ -1,6 +1,7 @@
 #include "panel/view/ClipPanelView.h"
 
 #include "panel/PanelController.h"
+#include "panel/view/PanelAccess.h"
 #include "panel/view/PanelStyle.h"
 
 namespace korvane {
@@ -23,7 +24,9 @@ ClipPanelView::ClipPanelView(
           [this] { m_search.setFocus(Qt::OtherFocusReason); }, this)
     , m_chevrons(m_list, controller, loop, m_symbols, this)
     , m_footer(store, this)
+    , m_announcer(store, loop, m_list, m_tabs, m_search.field(), *this)
 {
+    installPanelAccess();
 }
 
 bool ClipPanelView::handle(const KeyPress& press)

@@ -4,6 +4,7 @@
 #include "panel/view/ClipListView.h"
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/ListChevrons.h"
+#include "panel/view/PanelAnnouncer.h"
 #include "panel/view/PanelFooter.h"
 #include "panel/view/PanelHeader.h"
 #include "panel/view/SearchTextField.h"
@@ -47,6 +48,7 @@ private:
     ClipListView m_list;
     ListChevrons m_chevrons;
     PanelFooter m_footer;
+    PanelAnnouncer m_announcer;
 };
 
 } // namespace korvane

@@ -27,6 +27,10 @@ public:
 
     /// Where a tab's chip is now.
     QRectF chip(FilterTab tab) const;
+    /// The tab that the bar shows as chosen.
+    FilterTab shownTab() const { return m_store.panel().shownTab(); }
+    /// Does what a click on the tab does.
+    void choose(FilterTab tab) { m_switchTab(tab); }
 
 protected:
     bool event(QEvent* event) override;

@@ -63,6 +63,7 @@ void PanelFooter::refresh()
     if (totals == m_totals && level == m_level)
         return;
     m_totals = totals;
+    setAccessibleName(totals); // its tooltip, where it is asked for, is its description
     m_level = level;
     update();
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace korvane {
+
+/// Teaches the toolkit to show assistive technology what the panel's views paint themselves: rows,
+/// tabs, totals and announcements. Needed once; done again it changes nothing. Until somebody
+/// listens, nothing is made.
+void installPanelAccess();
+
+} // namespace korvane
