@@ -22,6 +22,19 @@ namespace {
         EXPECT_EQ(f.actions.done, (Done { { "activate", "b" } }));
     }
 
+    TEST(PanelControllerTest, AClipThatIsOnlySelectedIsNotPutOnTheClipboard)
+    {
+        PanelFixture f;
+        f.fill({ "a", "b" });
+
+        f.controller.selectClip(f.idAt(1));
+        f.controller.selectClip(ClipId::random());
+
+        EXPECT_EQ(f.selected(), "b");
+        EXPECT_EQ(f.actions.done, Done {});
+        EXPECT_EQ(f.host.previewHides, 2);
+    }
+
     TEST(PanelControllerTest, KeysThatAddressNothingAreConsumedAndDoNothing)
     {
         PanelFixture f;

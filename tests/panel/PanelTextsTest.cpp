@@ -217,6 +217,21 @@ namespace {
         EXPECT_EQ(rowDescription(clip("a"), now, 0, 1), "a, Text, 5m, 1 of 1");
     }
 
+    TEST(PanelTextsTest, WhatTabAndSearchLeaveIsAnnounced)
+    {
+        EXPECT_EQ(filterAnnouncement(std::nullopt, 5, ""), "5 clips");
+        EXPECT_EQ(filterAnnouncement(std::nullopt, 1, ""), "1 clip");
+        EXPECT_EQ(filterAnnouncement(std::nullopt, 0, ""), "No clips");
+        EXPECT_EQ(filterAnnouncement(std::nullopt, 2, "a, Text, 5m, 1 of 2"),
+            "2 clips, a, Text, 5m, 1 of 2");
+    }
+
+    TEST(PanelTextsTest, ANewTabIsAnnouncedBeforeWhatItShows)
+    {
+        EXPECT_EQ(filterAnnouncement(FilterTab::code, 5, ""), "Code, 5 clips");
+        EXPECT_EQ(filterAnnouncement(FilterTab::emoji, 0, ""), "Emoji, no clips");
+    }
+
     TEST(PanelTextsTest, AnEmptyHistoryReadsOneKilobyteInGreen)
     {
         EXPECT_EQ(totals(0, 0), "0 clips / 1 KB");

@@ -4,6 +4,7 @@
 #include "panel/view/PanelStyle.h"
 #include "panel/view/RoundedRegion.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -53,6 +54,14 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role r
     windowHandle()->installEventFilter(this);
     m_compositedChanged
         = isComposited.observe([this](bool composited) { setComposited(composited); });
+}
+
+void KorPanel::installAccess()
+{
+    QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
+        auto* const panel = dynamic_cast<KorPanel*>(object);
+        return panel ? new QAccessibleWidget(panel, QAccessible::Window) : nullptr;
+    });
 }
 
 void KorPanel::setContents(std::unique_ptr<QWidget> contents)

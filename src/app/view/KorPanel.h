@@ -37,6 +37,10 @@ public:
     explicit KorPanel(
         Observable<bool>& isComposited, FrameTeller tellFrame = {}, Role role = Role::panel);
 
+    /// Teaches the toolkit that such a panel is a window to assistive technology. Needed once, before
+    /// the first is made.
+    static void installAccess();
+
     void setKeyHandler(KeyHandler handler) { m_handleKey = std::move(handler); }
     /// What the window calls when it should have the keyboard again: the pointer has entered it
     /// (some desktops take the focus away from what the pointer leaves) or it was clicked.

@@ -3,6 +3,7 @@
 #include "app/view/KorPanel.h"
 #include "app/view/TrayScreens.h"
 #include "panel/view/ClipPanelView.h"
+#include "panel/view/PanelAccess.h"
 
 #include <utility>
 
@@ -13,6 +14,8 @@ namespace {
     std::unique_ptr<KorPanel> makePanel(
         ClipStore& store, PanelController& controller, const PanelWindow::World& world)
     {
+        installPanelAccess();
+        KorPanel::installAccess();
         auto panel = std::make_unique<KorPanel>(world.isComposited, world.tellFrame);
         auto view
             = std::make_unique<ClipPanelView>(store, controller, world.loop, world.clipboardText);

@@ -26,11 +26,16 @@ int ClipListAccess::rowCount() const
     return shown ? static_cast<int>(shown->shown().rows().size()) : 0;
 }
 
-// The rows come first, and after them what the list holds as widgets: the field of a rename.
+/// The rows come first, and after them what the list holds as widgets: the field of a rename.
+int ClipListAccess::widgetCount() const
+{
+    auto* const shown = list();
+    return shown && shown->isRenaming() ? QAccessibleWidget::childCount() : 0;
+}
 
 int ClipListAccess::childCount() const
 {
-    return rowCount() + QAccessibleWidget::childCount();
+    return rowCount() + widgetCount();
 }
 
 int ClipListAccess::indexOfChild(const QAccessibleInterface* child) const
@@ -38,14 +43,16 @@ int ClipListAccess::indexOfChild(const QAccessibleInterface* child) const
     if (const auto* const row = dynamic_cast<const ClipRowAccess*>(child))
         return row->index().value_or(-1);
     const int index = QAccessibleWidget::indexOfChild(child);
-    return index < 0 ? index : index + rowCount();
+    return index < 0 || index >= widgetCount() ? -1 : index + rowCount();
 }
 
 QAccessibleInterface* ClipListAccess::child(int index) const
 {
     const int count = rowCount();
-    if (index < 0 || index >= count)
-        return index < 0 ? nullptr : QAccessibleWidget::child(index - count);
+    if (index < 0 || index >= childCount())
+        return nullptr;
+    if (index >= count)
+        return QAccessibleWidget::child(index - count);
     const auto& id = list()->shown().rows()[static_cast<std::size_t>(index)].id;
     auto found = m_rows.find(id);
     if (found == m_rows.end())
@@ -81,7 +88,8 @@ QAccessibleInterface* ClipListAccess::row(const std::optional<ClipId>& id) const
 void ClipListAccess::setFocused(const std::optional<ClipId>& id)
 {
     m_focused = id;
-    tell(row(id), QAccessible::Focus);
+    if (id)
+        tell(row(id), QAccessible::Focus);
 }
 
 void ClipListAccess::forgetGone()

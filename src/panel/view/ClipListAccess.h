@@ -29,6 +29,7 @@ public:
     /// The row that has the focus for those who do not see it: they follow the selection by it,
     /// while the keyboard stays with the search field.
     const std::optional<ClipId>& focused() const { return m_focused; }
+    /// Tells of it too; with none, the caller tells who has it instead.
     void setFocused(const std::optional<ClipId>& id);
 
     /// None from the moment on that the list is being destroyed: the toolkit asks for it until then.
@@ -36,6 +37,7 @@ public:
 
 private:
     int rowCount() const;
+    int widgetCount() const;
     void forgetGone();
 
     mutable std::unordered_map<ClipId, RegisteredPart> m_rows;

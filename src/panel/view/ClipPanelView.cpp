@@ -1,8 +1,9 @@
 #include "panel/view/ClipPanelView.h"
 
 #include "panel/PanelController.h"
-#include "panel/view/PanelAccess.h"
 #include "panel/view/PanelStyle.h"
+
+#include <QEvent>
 
 namespace korvane {
 
@@ -19,14 +20,17 @@ ClipPanelView::ClipPanelView(
     , m_search(store, m_symbols, reader, this)
     , m_tabs(
           store, loop, m_symbols, [&controller](FilterTab tab) { controller.switchTab(tab); }, this)
+    , m_announcer(store, loop, m_list, m_tabs, m_search.field(), *this)
     , m_list(
           store, controller, loop, m_symbols, reader,
-          [this] { m_search.setFocus(Qt::OtherFocusReason); }, this)
+          [this] {
+              m_search.setFocus(Qt::OtherFocusReason);
+              m_announcer.focusReturned();
+          },
+          this)
     , m_chevrons(m_list, controller, loop, m_symbols, this)
     , m_footer(store, this)
-    , m_announcer(store, loop, m_list, m_tabs, m_search.field(), *this)
 {
-    installPanelAccess();
 }
 
 bool ClipPanelView::handle(const KeyPress& press)
@@ -40,6 +44,13 @@ bool ClipPanelView::handle(const KeyPress& press)
         return true;
     }
     return m_header.handle(press) || m_controller.handle(press);
+}
+
+bool ClipPanelView::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        m_announcer.panelActivated();
+    return QWidget::event(event);
 }
 
 void ClipPanelView::resizeEvent(QResizeEvent*)

@@ -33,6 +33,7 @@ public:
     PanelFooter& footer() { return m_footer; }
 
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -45,10 +46,10 @@ private:
     PanelHeader m_header;
     SearchTextField m_search;
     FilterTabBar m_tabs;
+    PanelAnnouncer m_announcer; // before the list, whose end may still tell of the end of a rename
     ClipListView m_list;
     ListChevrons m_chevrons;
     PanelFooter m_footer;
-    PanelAnnouncer m_announcer;
 };
 
 } // namespace korvane

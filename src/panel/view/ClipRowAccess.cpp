@@ -61,7 +61,7 @@ QAccessible::State ClipRowAccess::state() const
     state.selectable = true;
     state.focusable = true;
     state.selected = list.store().panel().selectedClipID.value() == m_id;
-    state.focused = m_list.focused() == m_id;
+    state.focused = m_list.focused() == m_id && list.isVisible() && !list.isRenaming();
     state.offscreen = !isInView;
     state.invisible = !list.isVisible() || !isInView;
     return state;

@@ -25,6 +25,7 @@ PanelAnnouncer::PanelAnnouncer(ClipStore& store, MainLoop& loop, ClipListView& l
     const auto follow = [this](const auto&...) { tellSoon(); };
     m_connections.push_back(state.panelOpenCount.onChange([this](int) {
         m_told.reset();
+        m_announcement.hide(); // or it would be read out again with the panel's showing
         tellSoon();
     }));
     m_connections.push_back(store.clipsChanged.connect(follow));
@@ -32,6 +33,12 @@ PanelAnnouncer::PanelAnnouncer(ClipStore& store, MainLoop& loop, ClipListView& l
     m_connections.push_back(state.panelFilterTab.onChange(follow));
     m_connections.push_back(state.tabDisplayed.onChange(follow));
     m_connections.push_back(state.selectedClipID.onChange(follow));
+}
+
+void PanelAnnouncer::focusReturned()
+{
+    m_hasFocusReturned = QAccessible::isActive();
+    tellSoon();
 }
 
 /// What belongs together, as the steps of one key press do, is told once, when all of it is done.
@@ -51,22 +58,31 @@ void PanelAnnouncer::tellChanges()
         m_told.reset();
         return;
     }
+    if (!m_told && !m_list.isActiveWindow())
+        return;
     const auto before = std::exchange(m_told, look());
     const auto& now = *m_told;
     if (before) {
         tellTab(*before, now);
         tellSelection(*list, *before, now);
     } else {
-        giveFieldFocus(*list);
+        list->setFocused(std::nullopt); // the toolkit itself has told that the field has it
     }
     announce(*list, before, now);
+    m_hasFocusReturned = false;
 }
 
 PanelAnnouncer::Told PanelAnnouncer::look() const
 {
     const auto& panel = m_store.panel();
-    return { panel.shownTab(), panel.panelFilterTab.value(), panel.panelSearch.value(),
-        m_list.shown().rows().size(), panel.selectedClipID.value() };
+    const auto& rows = m_list.shown().rows();
+    Told now { panel.shownTab(), panel.panelFilterTab.value(), panel.panelSearch.value(),
+        rows.size(), panel.selectedClipID.value(), {} };
+    if (const auto index = m_list.shown().indexOf(now.selected)) {
+        now.title = paneltexts::rowTitle(*rows[*index].clip);
+        now.isPinned = rows[*index].clip->isPinned;
+    }
+    return now;
 }
 
 void PanelAnnouncer::tellTab(const Told& before, const Told& now)
@@ -87,7 +103,7 @@ void PanelAnnouncer::tellSelection(ClipListAccess& list, const Told& before, con
     }
     if (before.search != now.search || !list.row(now.selected))
         giveFieldFocus(list);
-    else if (before.selected != now.selected)
+    else if (before.selected != now.selected || (m_hasFocusReturned && list.focused()))
         list.setFocused(now.selected);
 }
 
@@ -105,15 +121,22 @@ void PanelAnnouncer::announce(
     const bool isNewTab = !before || before->tab != now.tab;
     const bool isNewSearch = !before || before->search != now.search;
     const bool hasRunEmpty = now.count == 0 && before && before->count != 0;
-    if (!isNewTab && !isNewSearch && !hasRunEmpty)
-        return;
-    // A row that has the focus is read out by that.
-    const bool isSelectionUntold
-        = !list.focused() && (!before || before->selected != now.selected);
-    auto* const row = isSelectionUntold ? list.row(now.selected) : nullptr;
-    m_announcement.say(QString::fromStdString(
-        paneltexts::filterAnnouncement(isNewTab ? std::optional(now.tab) : std::nullopt, now.count,
-            row ? row->text(QAccessible::Name).toStdString() : std::string())));
+    const bool isNewSelection = !before || before->selected != now.selected;
+    if (isNewTab || isNewSearch || hasRunEmpty) {
+        // A row that is given the focus is read out by that.
+        const auto row = isNewSelection && !list.focused() ? nameOf(list.row(now.selected)) : "";
+        const auto tab = isNewTab ? std::optional(now.tab) : std::nullopt;
+        m_announcement.say(
+            QString::fromStdString(paneltexts::filterAnnouncement(tab, now.count, row)));
+    } else if (!isNewSelection && !(m_hasFocusReturned && list.focused())
+        && (before->title != now.title || before->isPinned != now.isPinned)) {
+        m_announcement.say(QString::fromStdString(nameOf(list.row(now.selected))));
+    }
+}
+
+std::string PanelAnnouncer::nameOf(QAccessibleInterface* row)
+{
+    return row ? row->text(QAccessible::Name).toStdString() : std::string();
 }
 
 } // namespace korvane

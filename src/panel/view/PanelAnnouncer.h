@@ -4,6 +4,8 @@
 #include "model/MainLoop.h"
 #include "panel/view/Announcement.h"
 
+#include <QAccessible>
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -27,6 +29,12 @@ public:
     PanelAnnouncer(ClipStore& store, MainLoop& loop, ClipListView& list, FilterTabBar& tabs,
         QWidget& field, QWidget& panel);
 
+    /// The panel's window has got the keyboard. What is told of an opening comes after that, as it
+    /// would be drowned by what the toolkit tells then.
+    void panelActivated() { tellSoon(); }
+    /// The search field has the focus again after another control had it.
+    void focusReturned();
+
 private:
     /// What was told last.
     struct Told {
@@ -35,6 +43,8 @@ private:
         std::string search;
         std::size_t count = 0;
         std::optional<ClipId> selected;
+        std::string title; // of the selected row
+        bool isPinned = false;
     };
 
     void tellSoon();
@@ -44,6 +54,7 @@ private:
     void tellSelection(ClipListAccess& list, const Told& before, const Told& now);
     void giveFieldFocus(ClipListAccess& list);
     void announce(ClipListAccess& list, const std::optional<Told>& before, const Told& now);
+    static std::string nameOf(QAccessibleInterface* row);
 
     ClipStore& m_store;
     MainLoop& m_loop;
@@ -52,6 +63,7 @@ private:
     QWidget& m_field;
     Announcement m_announcement;
     std::optional<Told> m_told; // none before the panel's opening has been told
+    bool m_hasFocusReturned = false;
     Timer m_soon;
     std::vector<Connection> m_connections;
 };

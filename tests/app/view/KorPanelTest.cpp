@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QMenu>
 #include <QPainter>
 #include <QWindow>
@@ -59,6 +60,17 @@ namespace {
                          } };
         PanelLineEdit* field = nullptr;
     };
+
+    TEST(KorPanelTest, ToAssistiveTechnologyItIsAWindowOfTheProgramsName)
+    {
+        KorPanel::installAccess();
+        WindowFixture f;
+
+        const auto* const element = QAccessible::queryAccessibleInterface(&f.window);
+
+        EXPECT_EQ(element->role(), QAccessible::Window);
+        EXPECT_EQ(element->text(QAccessible::Name), "Korvane");
+    }
 
     TEST(KorPanelTest, EveryKeyComesToThePanelBeforeAnyControl)
     {
