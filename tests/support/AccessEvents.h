@@ -2,6 +2,11 @@
 
 #include <QAccessible>
 
+// Only the platform can tell the toolkit that somebody listens, and its header is not public.
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -24,13 +29,13 @@ public:
     AccessEvents()
     {
         listening = this;
-        QAccessible::setActive(true);
+        platform().setActive(true);
         m_before = QAccessible::installUpdateHandler(note);
     }
     ~AccessEvents()
     {
         QAccessible::installUpdateHandler(m_before);
-        QAccessible::setActive(false);
+        platform().setActive(false);
         listening = nullptr;
     }
     AccessEvents(const AccessEvents&) = delete;
@@ -56,6 +61,10 @@ public:
     }
 
 private:
+    static QPlatformAccessibility& platform()
+    {
+        return *QGuiApplicationPrivate::platformIntegration()->accessibility();
+    }
     static void note(QAccessibleEvent* event)
     {
         auto* const element = event->accessibleInterface();

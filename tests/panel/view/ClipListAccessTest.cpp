@@ -311,7 +311,9 @@ namespace {
 
     TEST(ClipListAccessTest, ElementsAreMadeOnlyForRowsThatSomebodyAsksFor)
     {
-        ListAccessFixture f(9999);
+        ListAccessFixture f;
+        f.store.setMaxClips(9999);
+        f.store.savingOnce([&f] { f.addNumbered(9999); });
 
         const auto first = QAccessible::uniqueId(&f.row(9000));
         const auto second = QAccessible::uniqueId(&f.row(0));
