@@ -133,6 +133,14 @@ void KorPanel::resizeEvent(QResizeEvent*)
     shape();
 }
 
+void KorPanel::showEvent(QShowEvent*)
+{
+    // The toolkit learns late that a hidden window has lost the keyboard. To one that is shown again
+    // before that, it says nothing, and leaves it without a cursor and without a focus to tell of.
+    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow())
+        QApplication::setActiveWindow(this);
+}
+
 void KorPanel::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::PaletteChange)

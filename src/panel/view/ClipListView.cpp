@@ -171,7 +171,9 @@ void ClipListView::openMenuOf(const std::optional<ClipId>& id)
     if (!index)
         return;
     bringIntoView(*index);
-    openMenu(*index, mapToGlobal(rowRect(*index).center().toPoint()));
+    auto* const menu = openMenu(*index, mapToGlobal(rowRect(*index).center().toPoint()));
+    // Who opens it without pointing at anything goes on by keys.
+    menu->setActiveAction(menu->actions().first());
 }
 
 bool ClipListView::event(QEvent* event)
@@ -351,7 +353,7 @@ void ClipListView::updateRow(std::optional<std::size_t> index)
         update(rowRect(*index).toAlignedRect());
 }
 
-void ClipListView::openMenu(std::size_t index, const QPoint& at)
+QMenu* ClipListView::openMenu(std::size_t index, const QPoint& at)
 {
     const auto& clip = *m_shown.rows()[index].clip;
     const double rowMidY = metrics::listTop + rowRect(index).center().y();
@@ -360,6 +362,7 @@ void ClipListView::openMenu(std::size_t index, const QPoint& at)
     connect(menu, &QMenu::aboutToHide, this, [this] { setMenuRow(std::nullopt); });
     setMenuRow(clip.id);
     menu->popup(at);
+    return menu;
 }
 
 /// Whoever reads a menu sees which row it belongs to, and no other row lights up meanwhile.

@@ -15,6 +15,8 @@
 #include <optional>
 #include <vector>
 
+class QMenu;
+
 namespace korvane {
 
 class PanelController;
@@ -78,7 +80,7 @@ private:
     void bringIntoView(std::size_t index);
     void hoverAt(std::optional<QPointF> pointer);
     void updateRow(std::optional<std::size_t> index);
-    void openMenu(std::size_t index, const QPoint& at);
+    QMenu* openMenu(std::size_t index, const QPoint& at);
     void setMenuRow(std::optional<ClipId> id);
     ClipRow row(std::size_t index);
 

@@ -39,6 +39,8 @@ PanelMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
     const std::function<void()>& beginRename, double rowMidY, QWidget* parent)
 {
     auto* menu = PanelMenu::make(parent);
+    // It has closed by then, but for a line that assistive technology chose.
+    QObject::connect(menu, &QMenu::triggered, menu, &QWidget::close);
     for (const auto& item : paneltexts::rowMenu(clip)) {
         if (!item.action) {
             menu->addSeparator();

@@ -61,6 +61,20 @@ namespace {
         PanelLineEdit* field = nullptr;
     };
 
+    TEST(KorPanelTest, ShownAgainAtOnceItHasTheKeyboardAgain)
+    {
+        WindowFixture f;
+        f.window.activateWindow();
+        test::settle();
+        ASSERT_TRUE(f.field->hasFocus());
+
+        f.window.hide();
+        f.window.show();
+
+        EXPECT_TRUE(f.window.isActiveWindow());
+        EXPECT_TRUE(f.field->hasFocus());
+    }
+
     TEST(KorPanelTest, ToAssistiveTechnologyItIsAWindowOfTheProgramsName)
     {
         KorPanel::installAccess();
