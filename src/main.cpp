@@ -248,6 +248,10 @@ namespace {
         InstanceClaim claim)
     {
         ::setenv("QT_QPA_PLATFORM", "xcb", 1);
+        // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
+        // user starts later. This is the switch that programs of other toolkits are kept out with.
+        if (std::getenv("NO_AT_BRIDGE") == nullptr)
+            ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 0);
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);

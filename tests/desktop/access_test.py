@@ -1,6 +1,8 @@
 """The panel without seeing it: by what assistive technology is shown and told alone."""
 
 import datetime
+import os
+import unittest.mock
 
 from support.case import DesktopTest
 from support.editors import Mousepad
@@ -19,13 +21,20 @@ def aged(text, **fields):
 
 
 class AccessTest(DesktopTest):
-    def listen(self):
+    def setUp(self):
+        super().setUp()
         self.reader = Reader()
         self.addCleanup(self.reader.close)
 
+    def start_korvane(self, clips=(), **options):
+        # The script of the desktop sets this, so that no other test has a reader's share in it.
+        with unittest.mock.patch.dict(os.environ):
+            del os.environ["NO_AT_BRIDGE"]
+            return super().start_korvane(clips, **options)
+
     def start(self, *clips, **preferences):
         """Korvane with a panel that a reader has heard open."""
-        self.listen()
+        self.reader.listen()
         self.start_korvane(list(clips), **preferences)
         self.open()
 
@@ -37,7 +46,7 @@ class AccessTest(DesktopTest):
         self.korvane.command("--show")
         self.korvane.wait_until_open()
         self.window = wait_for("its window shows itself", lambda: self.program.find("frame", "Korvane"))
-        wait_for("the opening is announced", self.reader.announced)
+        wait_for(lambda: f"the opening is announced; heard was {self.reader.heard}", self.reader.announced)
         self.clips = self.window.find("list", "Clips")
         self.reader.forget()
 
@@ -51,7 +60,7 @@ class AccessTest(DesktopTest):
         wait_for(lambda: f"the rows {names}; there are {self.clips.names()}", lambda: self.clips.names() == list(names))
 
     def test_the_opening_is_announced_once_with_the_clip_that_return_would_paste(self):
-        self.listen()
+        self.reader.listen()
         self.start_korvane([aged("apple"), aged("cherry")])
         self.meet()
         for _ in range(2):
@@ -198,14 +207,13 @@ class AccessTest(DesktopTest):
 
     def test_a_reader_that_starts_later_is_told_from_then_on(self):
         self.start_korvane([aged("apple"), aged("cherry")])
-        self.listen()
+        self.meet()
+        self.reader.listen()
         self.open()
         self.keys.press("Down")
         self.reader.expect_focused("cherry, Text, 2h, 2 of 2")
 
-    def test_it_shows_itself_to_nobody_while_no_reader_runs(self):
-        self.listen()
-        self.reader.leave()
-        self.start_korvane([aged("apple")])
+    def test_where_the_bridge_is_switched_off_it_shows_itself_to_nobody(self):
+        super().start_korvane([aged("apple")])
         self.korvane.turn()
         self.assertIsNone(self.reader.program(self.korvane.process.pid))

@@ -70,23 +70,23 @@ class Element:
 
 
 class Reader:
-    """Listens from its making to its `close`. Until then, programs on this desktop show themselves."""
+    """Looks at what programs show, and from `listen` on hears what they tell, until its `close`."""
 
     def __init__(self):
         self.heard = []
         self.popup = None
-        set_enabled(True)
+        set_enabled(False)  # which starts the bus where there is none
         Atspi.init()
+        self.listener = None
+
+    def listen(self):
+        set_enabled(True)
         self.listener = Atspi.EventListener.new(self.hear)
         for kind in HEARD:
             self.listener.register(kind)
 
-    def leave(self):
-        """Programs need not show themselves any more; what they do nevertheless is seen."""
-        set_enabled(False)
-
     def close(self):
-        for kind in HEARD:
+        for kind in HEARD if self.listener else ():
             self.listener.deregister(kind)
         set_enabled(False)
 
