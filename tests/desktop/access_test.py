@@ -97,6 +97,26 @@ class AccessTest(DesktopTest):
         x, y, width, height = second.extents()
         self.assertEqual(self.clips.at(x + width // 2, y + height // 2).name, second.name)
 
+    def test_whatever_can_be_used_has_a_name(self):
+        self.start_with_three()
+
+        used = [element for element in self.window.descendants() if element.actions()]
+        self.assertGreater(len(used), 12)
+        self.assertEqual([(element.role, element.extents()) for element in used if not element.name], [])
+
+    def test_a_file_that_is_gone_is_told_with_its_row(self):
+        there = self.desk.folder / "there.txt"
+        there.write_text("here I am")
+        self.start(aged(str(there), kind="file"), aged(str(self.desk.folder / "gone.txt"), kind="file"))
+
+        wait_for("the missing file is told", lambda: self.clips.child(1).description == "The file is no longer there")
+        self.assertEqual(self.clips.child(0).description, "")
+
+    def test_an_empty_history_says_what_to_do(self):
+        self.start()
+
+        self.assertEqual(self.clips.description, "No clips yet. Copy something, and it appears here.")
+
     def test_the_arrow_keys_are_followed(self):
         self.start_with_three()
 

@@ -78,6 +78,14 @@ QAccessibleInterface* ClipListAccess::focusChild() const
     return QAccessibleWidget::focusChild();
 }
 
+QString ClipListAccess::text(QAccessible::Text kind) const
+{
+    if (kind != QAccessible::Description || !list() || rowCount() != 0)
+        return QAccessibleWidget::text(kind);
+    const auto said = list()->emptyText();
+    return QString::fromStdString(said.title + ". " + std::string(said.hint));
+}
+
 QAccessibleInterface* ClipListAccess::row(const std::optional<ClipId>& id) const
 {
     auto* const shown = list();

@@ -23,6 +23,7 @@ public:
     QAccessibleInterface* child(int index) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
     QAccessibleInterface* focusChild() const override;
+    QString text(QAccessible::Text kind) const override;
 
     /// The row of a clip; none where it is not displayed.
     QAccessibleInterface* row(const std::optional<ClipId>& id) const;

@@ -198,11 +198,8 @@ void ClipListView::paintEvent(QPaintEvent* event)
     painter.setOpacity(m_opacity.value());
     const auto& rows = m_shown.rows();
     if (rows.empty()) {
-        const auto& panel = m_store.panel();
-        const auto tab = panel.panelFilterTab.value();
-        paintEmptyList(painter, rect(),
-            emptyList(m_store.clips().empty(), m_isPrivate, tab, panel.panelSearch.value()),
-            symbolOf(tab), m_symbols, palette());
+        paintEmptyList(painter, rect(), emptyText(),
+            symbolOf(m_store.panel().panelFilterTab.value()), m_symbols, palette());
         return;
     }
     const double first
@@ -373,6 +370,18 @@ void ClipListView::setMenuRow(std::optional<ClipId> id)
     updateRow(m_shown.indexOf(id));
 }
 
+bool ClipListView::isMissing(const ClipItem& clip)
+{
+    return clip.type == ClipType::file && m_files.isMissing(clip.text);
+}
+
+EmptyList ClipListView::emptyText() const
+{
+    const auto& panel = m_store.panel();
+    return emptyList(m_store.clips().empty(), m_isPrivate, panel.panelFilterTab.value(),
+        panel.panelSearch.value());
+}
+
 ClipRow ClipListView::row(std::size_t index)
 {
     const auto& [id, clip] = m_shown.rows()[index];
@@ -382,7 +391,7 @@ ClipRow ClipListView::row(std::size_t index)
         .isHovered = m_menuRow ? m_menuRow == id : m_hovered == index,
         .isPressed = m_pressed == id && m_hovered == index,
         .isRenaming = m_renamed == id,
-        .isMissing = clip->type == ClipType::file && m_files.isMissing(clip->text) };
+        .isMissing = isMissing(*clip) };
 }
 
 } // namespace korvane

@@ -3,6 +3,7 @@
 #include "model/ClipStore.h"
 #include "model/MainLoop.h"
 #include "model/MissingFiles.h"
+#include "panel/EmptyList.h"
 #include "panel/view/ClipRowView.h"
 #include "panel/view/EasedValue.h"
 #include "panel/view/PanelLineEdit.h"
@@ -58,6 +59,10 @@ public:
     ClipStore& store() const { return m_store; }
     PanelController& controller() const { return m_controller; }
     MainLoop& loop() const { return m_loop; }
+    /// Whether the clip is a file that is gone, as far as is known.
+    bool isMissing(const ClipItem& clip);
+    /// What the list says while it has no row.
+    EmptyList emptyText() const;
 
 protected:
     bool event(QEvent* event) override;

@@ -38,11 +38,15 @@ bool ClipRowAccess::isValid() const
 QString ClipRowAccess::text(QAccessible::Text kind) const
 {
     const auto place = index();
-    if (kind != QAccessible::Name || !place)
+    if (!place)
         return {};
     auto& list = *m_list.list();
     const auto& rows = list.shown().rows();
     const auto row = static_cast<std::size_t>(*place);
+    if (kind == QAccessible::Description && list.isMissing(*rows[row].clip))
+        return QString::fromUtf8(paneltexts::missingFileToolTip);
+    if (kind != QAccessible::Name)
+        return {};
     return QString::fromStdString(
         paneltexts::rowDescription(*rows[row].clip, list.loop().now(), row, rows.size()));
 }

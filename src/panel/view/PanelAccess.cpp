@@ -6,6 +6,7 @@
 #include "panel/view/FilterTabAccess.h"
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/PanelFooter.h"
+#include "panel/view/PanelHeader.h"
 
 #include <memory>
 
@@ -24,6 +25,8 @@ namespace {
             // Its destructor is the toolkit's alone, so no pointer of ours can own it for a moment.
             return new QAccessibleWidget(static_cast<QWidget*>(object), role);
         };
+        if (dynamic_cast<PanelHeader*>(object))
+            return widget(QAccessible::Grouping);
         if (dynamic_cast<PanelFooter*>(object))
             return widget(QAccessible::StaticText);
         if (dynamic_cast<Announcement*>(object))

@@ -46,8 +46,15 @@ class Element:
         """The child at a place of the screen."""
         return Element(self.accessible.get_component_iface().get_accessible_at_point(x, y, Atspi.CoordType.SCREEN))
 
+    def descendants(self):
+        for child in self.children():
+            yield child
+            yield from child.descendants()
+
     def actions(self):
         action = self.accessible.get_action_iface()
+        if action is None:
+            return []
         return [action.get_action_name(number) for number in range(action.get_n_actions())]
 
     def act(self, name):

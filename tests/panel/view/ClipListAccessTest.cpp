@@ -96,6 +96,17 @@ namespace {
         EXPECT_EQ(f.element->child(-1), nullptr);
     }
 
+    TEST(ClipListAccessTest, AnEmptyListSaysInItsDescriptionWhatItShows)
+    {
+        ListAccessFixture f(1);
+        EXPECT_EQ(f.element->text(QAccessible::Description), "");
+
+        f.panel().panelSearch.set("q");
+
+        EXPECT_EQ(f.element->text(QAccessible::Description),
+            "Nothing found for “q”. Escape clears the search.");
+    }
+
     TEST(ClipListAccessTest, TheChildrenAreTheRowsThatTabAndSearchLeave)
     {
         ListAccessFixture f(12);
