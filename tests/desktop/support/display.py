@@ -1,13 +1,12 @@
 """The display as a user sees it: its windows, the keyboard's owner, the pixels."""
 
 import contextlib
-import struct
-import zlib
 
 from Xlib import X, Xatom, Xutil, error
 from Xlib.display import Display
 from Xlib.protocol import event
 
+from support import png
 from support.waiting import NotObserved, wait_for
 
 
@@ -20,6 +19,20 @@ class Box:
     right = property(lambda self: self.x + self.width)
     bottom = property(lambda self: self.y + self.height)
     middle = property(lambda self: (self.x + self.width // 2, self.y + self.height // 2))
+
+    def around(self, pixels):
+        """The rectangle that is larger by so many pixels on each side."""
+        return Box(self.x - pixels, self.y - pixels, self.width + 2 * pixels, self.height + 2 * pixels)
+
+    def joined(self, other):
+        """The smallest rectangle that holds both."""
+        x, y = min(self.x, other.x), min(self.y, other.y)
+        return Box(x, y, max(self.right, other.right) - x, max(self.bottom, other.bottom) - y)
+
+    def within(self, other):
+        """What lies inside of another one."""
+        x, y = max(self.x, other.x), max(self.y, other.y)
+        return Box(x, y, min(self.right, other.right) - x, min(self.bottom, other.bottom) - y)
 
     def __eq__(self, other):
         return isinstance(other, Box) and (self.x, self.y, self.width, self.height) == (other.x, other.y, other.width, other.height)
@@ -73,6 +86,15 @@ class Screen:
         geometry = window.get_geometry()
         place = window.translate_coords(self.root, 0, 0)
         return Box(-place.x, -place.y, geometry.width, geometry.height)
+
+    def frame(self, window):
+        """Where it is seen to stand: a window that paints its own shadow tells how much of it that is."""
+        box = self.box(window)
+        extents = self.property(window, "_GTK_FRAME_EXTENTS")
+        if extents is None:
+            return box
+        left, right, top, bottom = extents
+        return Box(box.x + left, box.y + top, box.width - left - right, box.height - top - bottom)
 
     def below(self, window, depth):
         """The windows below one, down to a depth."""
@@ -153,23 +175,11 @@ class Screen:
         data, stride = image.data, box.width * 4
         return [data[row * stride:(row + 1) * stride] for row in range(box.height)]
 
-    def save(self, path):
-        """Writes a picture of the whole screen as PNG."""
+    def all(self):
+        """The whole screen."""
         geometry = self.root.get_geometry()
-        rows = self.pixels(Box(0, 0, geometry.width, geometry.height))
-        body = b"".join(b"\0" + rgb(row) for row in rows)
-        header = struct.pack(">IIBBBBB", geometry.width, geometry.height, 8, 2, 0, 0, 0)
-        with open(path, "wb") as file:
-            file.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(body, 6)) + chunk(b"IEND", b""))
+        return Box(0, 0, geometry.width, geometry.height)
 
-
-def rgb(row):
-    """A row of (blue, green, red, unused) as (red, green, blue)."""
-    out = bytearray(len(row) // 4 * 3)
-    out[0::3], out[1::3], out[2::3] = row[2::4], row[1::4], row[0::4]
-    return bytes(out)
-
-
-def chunk(kind, data):
-    """A chunk of a PNG file (ISO 15948)."""
-    return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    def save(self, path, box=None):
+        """Writes a picture of the screen, or of a part of it, as PNG."""
+        png.write(path, self.pixels(box or self.all()))

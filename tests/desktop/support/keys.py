@@ -83,3 +83,12 @@ class Keys:
         self.event(X.ButtonPress, button)
         self.event(X.ButtonRelease, button)
         self.display.sync()
+
+    def hold_button(self, button=1):
+        """Presses a button of the mouse, without letting it go."""
+        self.event(X.ButtonPress, button)
+        self.display.sync()
+
+    def let_go_button(self, button=1):
+        self.event(X.ButtonRelease, button)
+        self.display.sync()

@@ -6,20 +6,20 @@ import pathlib
 import subprocess
 
 from support.history import History
-from support.waiting import wait_for
+from support.waiting import NotObserved, wait_for
 
 PROGRAM = os.environ.get("KORVANE", str(pathlib.Path(__file__).resolve().parents[3] / "build/release/korvane"))
 APPLICATION = "com.VNT.Korvane"
 
 
 class Korvane:
-    def __init__(self, desk, clips=(), stderr=None, starts=True, **preferences):
+    def __init__(self, desk, clips=(), stderr=None, starts=True, environment=(), **preferences):
         """`stderr`: a descriptor that takes what it says, instead of the log. `starts`: otherwise only
-        its folders are made."""
+        its folders are made. `environment`: what is added to ours."""
         self.desk = desk
         self.stderr = stderr
         self.home = desk.folder / "korvane-home"
-        self.environment = {**os.environ, "HOME": str(self.home), "XDG_DATA_HOME": str(self.home / "data"),
+        self.environment = {**os.environ, **dict(environment), "HOME": str(self.home), "XDG_DATA_HOME": str(self.home / "data"),
                             "XDG_CONFIG_HOME": str(self.home / "config"), "XDG_RUNTIME_DIR": str(self.home / "run")}
         (self.home / "run").mkdir(parents=True, exist_ok=True, mode=0o700)
         self.history = History(self.home / "data" / APPLICATION)
@@ -38,7 +38,9 @@ class Korvane:
         with open(self.desk.folder / "korvane.log", "ab") as log:
             self.process = subprocess.Popen([PROGRAM], env=self.environment, stdin=subprocess.DEVNULL, stdout=log,
                                             stderr=log if self.stderr is None else self.stderr)
-        wait_for(lambda: f"Korvane is ready; it says {self.log()!r}", lambda: self.is_running() and self.panel())
+        wait_for(lambda: f"Korvane is ready; it says {self.log()!r}", lambda: self.panel() or not self.is_running())
+        if not self.is_running():
+            raise NotObserved(f"not observed: Korvane is ready; it has ended and says {self.log()!r}")
 
     def log(self):
         return (self.desk.folder / "korvane.log").read_text(errors="replace")
@@ -82,6 +84,12 @@ class Korvane:
         # An icon that the tray has not taken in yet has the same title, and a few pixels.
         wide = [window for window in found if self.desk.screen.box(window).width >= 300]
         return wide[0] if wide else None
+
+    def windows(self):
+        """Every window of it that can be seen, its icon in the tray excepted."""
+        icon = 64  # pixels; no tray shows one that is larger
+        return [window for window in self.desk.screen.find("korvane", depth=1)
+                if self.desk.screen.box(window).width > icon]
 
     def is_open(self):
         return self.panel(viewable=True) is not None

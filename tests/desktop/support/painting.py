@@ -9,6 +9,9 @@ from support.waiting import wait_for
 
 # A blinking text cursor is less than this, a row of the list is more.
 LEAST = 4000
+# Milliseconds without any painting after which the screen is at rest. More than the longest pause within
+# a change: the list of another tab appears 240 ms after the tab.
+REST = 350
 
 
 class Painting:
@@ -54,3 +57,29 @@ class Painting:
     def time_of_painting(self, event):
         is_painting = event.type == self.code and event.area.width * event.area.height > LEAST
         return event.timestamp if is_painting else None
+
+
+def wait_until_at_rest(screen):
+    """Waits until nothing has been painted anywhere on the screen for a while, by the server's clock: the
+    windows that have opened have drawn themselves, and nothing moves any more."""
+    display = Display()
+    display.damage_query_version()
+    code = display.extension_event.DamageNotify
+    # What a compositor paints is painted on the root window's own overlay.
+    display.screen().root.damage_create(damage.DamageReportRawRectangles)
+    display.sync()
+    last = screen.server_time()
+
+    def is_at_rest():
+        nonlocal last
+        display.sync()
+        while display.pending_events():
+            event = display.next_event()
+            if event.type == code:
+                last = max(last, event.timestamp)
+        return screen.server_time() - last > REST
+
+    try:
+        wait_for("the screen is at rest", is_at_rest)
+    finally:
+        display.close()

@@ -8,9 +8,6 @@ from Xlib.protocol import event
 from support.display import Box
 from support.waiting import wait_for
 
-# Both bars stand at the top and are no higher than this.
-BAR = Box(0, 0, 1300, 26)
-
 
 class Tray:
     """Make it before Korvane starts: the icon is what has come into the bar since."""
@@ -18,10 +15,12 @@ class Tray:
     def __init__(self, desk):
         self.desk = desk
         self.screen = desk.screen
+        # Both bars stand at the top; at the right end of one there is a clock, which changes by itself.
+        self.bar = Box(0, 0, self.screen.all().width * 9 // 10, self.screen.top_bar())
         self.fillers = []
         if desk.kind == "i3":
             self.fill(25)
-        self.before = self.screen.pixels(BAR)
+        self.before = self.screen.pixels(self.bar)
 
     def fill(self, count):
         """Puts icons of ours into the tray: the others stand further from the screen's edge then."""
@@ -49,11 +48,13 @@ class Tray:
         panels = {window.id for window in self.screen.find("korvane", depth=1, viewable=False)}
         icons = [window for window in self.screen.find("korvane", depth=5) if window.id not in panels]
         with contextlib.suppress(error.XError):  # the bar that held it has just gone
-            return self.screen.box(icons[0]) if icons else None
+            # The bar sorts its icons by class some time after it has taken one in: ours come after Korvane's.
+            if icons and all(self.screen.box(icons[0]).right <= self.screen.box(filler).x for filler in self.fillers):
+                return self.screen.box(icons[0])
         return None
 
     def painted(self):
-        return changed_box(self.before, self.screen.pixels(BAR), BAR)
+        return changed_box(self.before, self.screen.pixels(self.bar), self.bar)
 
     def click(self, button=1):
         box = self.icon()

@@ -4,9 +4,12 @@ import collections
 
 from support.waiting import wait_for
 
-# The panel's ground, its text and the ground of the selected row, as (red, green, blue).
-LIGHT = {"ground": (251, 251, 250), "text": (29, 31, 33), "selection": (220, 238, 231)}
-DARK = {"ground": (33, 35, 38), "text": (236, 238, 239), "selection": (32, 67, 58)}
+# Colours as (red, green, blue): the panel's ground, its text, the ground of the selected row, the accent, the
+# badge of the private mode, and the totals when the history is nearly full and when it is full.
+LIGHT = {"ground": (251, 251, 250), "text": (29, 31, 33), "selection": (220, 238, 231), "accent": (28, 158, 117),
+         "orange": (217, 115, 13), "nearly full": (166, 75, 0), "full": (191, 40, 33)}
+DARK = {"ground": (33, 35, 38), "text": (236, 238, 239), "selection": (32, 67, 58), "accent": (28, 158, 117),
+        "orange": (217, 115, 13), "nearly full": (240, 146, 58), "full": (255, 125, 115)}
 # The letters of one row are more than this, and so is a line of pixels across the selected row.
 FEW = 150
 
@@ -33,14 +36,14 @@ class PaintedPanel:
     def __init__(self, screen, box, colours=LIGHT, tolerance=2):
         self.screen, self.box, self.colours, self.tolerance = screen, box, colours, tolerance
 
-    def is_painted(self):
-        """Most of it is ground or selected row, and there are letters on it."""
+    def is_painted(self, few=FEW):
+        """Most of it is ground or selected row, and there are letters on it, of more than so many pixels."""
         rows = self.screen.pixels(self.box)
         plain = self.count(rows, "ground") + self.count(rows, "selection")
-        return plain > self.box.width * self.box.height / 2 and self.count(rows, "text") > FEW
+        return plain > self.box.width * self.box.height / 2 and self.count(rows, "text") > few
 
-    def wait_until_painted(self):
-        wait_for("the panel is painted", self.is_painted)
+    def wait_until_painted(self, few=FEW):
+        wait_for("the panel is painted", lambda: self.is_painted(few))
 
     def selected_row(self):
         """The middle of the row that is painted as the selected one, in pixels from the panel's top."""
@@ -57,4 +60,6 @@ class PaintedPanel:
 
     def is_about(self, pixel, name):
         parts = (pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255)
-        return all(abs(part - wanted) <= self.tolerance for part, wanted in zip(parts, self.colours[name]))
+        off = [part - wanted for part, wanted in zip(parts, self.colours[name])]
+        # Its tint is no further off than its brightness: a grey line is no green row.
+        return max(map(abs, off)) <= self.tolerance and max(off) - min(off) <= self.tolerance
