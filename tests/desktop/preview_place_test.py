@@ -1,9 +1,9 @@
 """Where the preview stands, and how it looks there."""
 
+from support.compositor import Compositor
 from support.display import Box
 from support.monitors import Monitors
 from support.preview import FIRST_ROW, GAP, LINE, LIST_TOP, LONG, PANEL, PITCH, SCREEN, SHADOW, WIDTH, PreviewTest
-from support.programs import Program
 from support.tray import Tray
 from support.waiting import wait_for
 from support.windows import BarBelow, PlainWindow
@@ -76,8 +76,7 @@ class PreviewPlaceTest(PreviewTest):
         self.open("one\ntwo\nthree")
         plain = self.show()
         self.korvane.close()
-        Program(self.desk, ["picom", "--config", "/dev/null", "--backend", "xrender"])
-        wait_for("a compositor", lambda: self.screen.owner("_NET_WM_CM_S0"))
+        Compositor(self.desk)
 
         self.korvane.open()
         whole = self.show()
@@ -89,8 +88,7 @@ class PreviewPlaceTest(PreviewTest):
 
     def test_a_click_on_the_shadow_goes_to_what_is_behind_it(self):
         self.open("one\ntwo\nthree")
-        Program(self.desk, ["picom", "--config", "/dev/null", "--backend", "xrender"])
-        wait_for("a compositor", lambda: self.screen.owner("_NET_WM_CM_S0"))
+        Compositor(self.desk)
         whole = self.show()
         self.keys.click(whole.middle[0], whole.bottom - 20)
         self.korvane.wait_until_closed()

@@ -6,6 +6,7 @@ from Xlib import X, Xatom, error
 from Xlib.protocol import event
 
 from support.display import Box
+from support.painting import wait_until_at_rest
 from support.waiting import wait_for
 
 
@@ -48,10 +49,15 @@ class Tray:
         panels = {window.id for window in self.screen.find("korvane", depth=1, viewable=False)}
         icons = [window for window in self.screen.find("korvane", depth=5) if window.id not in panels]
         with contextlib.suppress(error.XError):  # the bar that held it has just gone
-            # The bar sorts its icons by class some time after it has taken one in: ours come after Korvane's.
-            if icons and all(self.screen.box(icons[0]).right <= self.screen.box(filler).x for filler in self.fillers):
-                return self.screen.box(icons[0])
+            if icons and not self.stands_first(icons[0]):
+                wait_until_at_rest(self.screen)
+            return self.screen.box(icons[0]) if icons else None
         return None
+
+    def stands_first(self, icon):
+        """Whether an icon stands before ours. The bar sorts its icons by class, but only some time after it
+        has taken one in; where it has moved to another monitor it does not sort them again."""
+        return all(self.screen.box(icon).right <= self.screen.box(filler).x for filler in self.fillers)
 
     def painted(self):
         return changed_box(self.before, self.screen.pixels(self.bar), self.bar)
