@@ -105,8 +105,9 @@ namespace {
         const auto image = menu.grab().toImage();
         for (int x = 0; x < image.width(); ++x) {
             for (int y = 0; y < image.height(); ++y) {
-                if (menu.mask().contains(QPoint(x, y)))
-                    ASSERT_EQ(image.pixelColor(x, y).alpha(), 255) << x << ", " << y;
+                EXPECT_TRUE(
+                    !menu.mask().contains(QPoint(x, y)) || image.pixelColor(x, y).alpha() == 255)
+                    << x << ", " << y;
             }
         }
     }
