@@ -7,7 +7,6 @@
 #include "app/view/PanelWindow.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
-#include "model/Files.h"
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
 #include "platform/Platform.h"
@@ -231,17 +230,15 @@ namespace {
         return false;
     }
 
-    /// Whether the home is one that can be used: the place for data is there, or could be made. That
-    /// what is there cannot be written is no reason not to run.
+    /// Whether the home is one that can be used.
     bool checkHome(const BaseFolders& folders)
     {
-        const auto error = makeFolder(folders.dataHome);
-        if (!error || ::access(folders.dataHome.c_str(), F_OK) == 0)
-            return true;
-        say(stderr,
-            "korvane: there is no usable home folder: cannot make " + folders.dataHome.string()
-                + ": " + error.message());
-        return false;
+        const auto error = makeDataFolder(folders, folderName);
+        if (error)
+            say(stderr,
+                "korvane: there is no usable home folder: cannot make " + folders.dataHome.string()
+                    + ": " + error.message());
+        return !error;
     }
 
     int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders,
@@ -308,13 +305,9 @@ namespace {
         case InstanceStart::Outcome::first:
             break;
         }
+        if (commandLine.startsProgram() && !(checkDisplay() && checkHome(*folders)))
+            return EXIT_FAILURE;
         const auto dataFolder = folders->dataHome / folderName;
-        if (commandLine.startsProgram()) {
-            if (!checkDisplay() || !checkHome(*folders))
-                return EXIT_FAILURE;
-            // If it cannot be made, the history is not kept; that is told when all stands.
-            static_cast<void>(makeFolder(dataFolder));
-        }
         // One that was started with another runtime folder hears nobody who is started in this one.
         const auto history = claimFolder(dataFolder);
         if (!history) {

@@ -1,5 +1,7 @@
 #include "platform/xdg/BaseFolders.h"
 
+#include "model/Files.h"
+
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -64,6 +66,15 @@ std::optional<BaseFolders> findBaseFolders(const FolderSources& sources)
     if (!data || !config)
         return std::nullopt;
     return BaseFolders { *data, *config, absolute(sources.variable("TMPDIR")).value_or("/tmp") };
+}
+
+std::error_code makeDataFolder(const BaseFolders& folders, std::string_view name)
+{
+    const auto error = makeFolder(folders.dataHome);
+    if (error && ::access(folders.dataHome.c_str(), F_OK) != 0)
+        return error;
+    static_cast<void>(makeFolder(folders.dataHome / name));
+    return {};
 }
 
 std::optional<fs::path> findRuntimeFolder(

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace korvane {
 
@@ -39,6 +40,12 @@ inline constexpr std::string_view noHomeText
 /// The folders; a variable that is empty or holds a relative path counts as absent, as the
 /// specification asks. None where a home folder is needed and there is none: the program cannot run.
 std::optional<BaseFolders> findBaseFolders(const FolderSources& sources);
+
+/// Makes the program's own folder for data, where that is possible.
+/// @param name  the folder's name in the place for data
+/// @return why the home cannot be used: there is no place for data and none can be made. That what is
+///         there cannot be written is none of that
+std::error_code makeDataFolder(const BaseFolders& folders, std::string_view name);
 
 /// A folder for sockets and locks that nobody but the user can write to: `XDG_RUNTIME_DIR` where it
 /// is the user's own, else a folder of ours (0700) in `fallbackParent`, made when missing. None when
