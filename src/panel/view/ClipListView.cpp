@@ -42,26 +42,23 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     , m_symbols(symbols)
     , m_rowView(symbols)
     , m_files(loop)
-    , m_renameEnded(std::move(renameEnded))
-    , m_renameField(std::move(reader), this)
+    , m_rename(std::move(reader),
+          { [this](const ClipId& id, const std::string& name) { m_controller.rename(id, name); },
+              [this, renameEnded = std::move(renameEnded)] {
+                  renameEnded();
+                  update();
+              } },
+          this)
     , m_opacity(loop, 1, [this] { update(); })
 {
     setMouseTracking(true);
     setAccessibleName(QStringLiteral("Clips"));
-    m_renameField.hide();
-    m_renameField.setFont(panelFont(13));
-    m_renameField.setAccessibleName(QStringLiteral("Name"));
-    m_renameField.setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
-    m_renameField.setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder));
-    connect(&m_renameField, &QLineEdit::returnPressed, this, [this] { submitRename(); });
-    connect(&m_renameField, &QLineEdit::editingFinished, this, [this] {
-        // The keyboard may go to another window and come back; within ours the focus has moved on.
-        if (window()->focusWidget() != &m_renameField)
-            giveUpRename();
-    });
+    follow(store.panel());
+}
 
-    auto& panel = store.panel();
-    m_connections.push_back(store.clipsChanged.connect([this] {
+void ClipListView::follow(PanelState& panel)
+{
+    m_connections.push_back(m_store.clipsChanged.connect([this] {
         m_shown.forget();
         listChanged();
     }));
@@ -79,7 +76,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
             isSwitching ? 0 : 1, isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
     }));
     m_connections.push_back(m_files.changed.connect([this] { update(); }));
-    m_connections.push_back(controller.observePrivateMode([this](bool isPrivate) {
+    m_connections.push_back(m_controller.observePrivateMode([this](bool isPrivate) {
         m_isPrivate = isPrivate;
         update();
     }));
@@ -127,36 +124,10 @@ void ClipListView::beginRename(const ClipId& id)
     const auto index = m_shown.indexOf(id);
     if (!index)
         return;
-    giveUpRename();
+    m_rename.giveUp();
     bringIntoView(*index);
-    m_renamed = id;
-    const auto& name = m_shown.rows()[*index].clip->customName;
-    m_renameField.setText(QString::fromStdString(name.value_or(std::string())));
-    m_renameField.selectAll();
+    m_rename.begin(*m_shown.rows()[*index].clip, titlePlace(*index));
     settle();
-    m_renameField.show();
-    m_renameField.setFocus(Qt::OtherFocusReason);
-    update();
-}
-
-void ClipListView::submitRename()
-{
-    const auto id = std::exchange(m_renamed, std::nullopt);
-    if (!id)
-        return;
-    const auto name = m_renameField.text().toStdString();
-    m_renameField.hide();
-    m_renameEnded();
-    update();
-    m_controller.rename(*id, name);
-}
-
-void ClipListView::giveUpRename()
-{
-    if (!std::exchange(m_renamed, std::nullopt))
-        return;
-    m_renameField.hide();
-    m_renameEnded();
     update();
 }
 
@@ -233,7 +204,7 @@ void ClipListView::showEvent(QShowEvent*)
 void ClipListView::hideEvent(QHideEvent*)
 {
     m_ageTick.stop();
-    giveUpRename();
+    m_rename.giveUp();
     m_pressed.reset();
     hoverAt(std::nullopt);
 }
@@ -255,7 +226,7 @@ void ClipListView::mouseMoveEvent(QMouseEvent* event)
 
 void ClipListView::mousePressEvent(QMouseEvent* event)
 {
-    giveUpRename();
+    m_rename.giveUp();
     if (event->button() != Qt::LeftButton)
         return;
     const auto index = rowAt(event->position());
@@ -291,8 +262,8 @@ void ClipListView::listChanged()
     if (!isVisible())
         return; // looked at again when it is shown
     m_now = m_loop.now();
-    if (m_renamed && !m_shown.indexOf(m_renamed))
-        giveUpRename();
+    if (m_rename.clip() && !m_shown.indexOf(m_rename.clip()))
+        m_rename.giveUp();
     settle();
     update();
 }
@@ -315,12 +286,15 @@ void ClipListView::settle()
     m_offset = std::clamp(m_offset, 0.0, largestScrollOffset(contentHeight(), height()));
     if (const auto selected = m_shown.indexOf(m_selected))
         m_store.panel().selectedRowMidY = metrics::listTop + rowRect(*selected).center().y();
-    if (const auto renamed = m_shown.indexOf(m_renamed)) {
-        const auto title = m_rowView.titleRect(rowRect(*renamed), row(*renamed));
-        m_renameField.setGeometry(title.toAlignedRect());
-    }
+    if (const auto renamed = m_shown.indexOf(m_rename.clip()))
+        m_rename.setGeometry(titlePlace(*renamed));
     hoverAt(m_pointer);
     measured();
+}
+
+QRect ClipListView::titlePlace(std::size_t index)
+{
+    return m_rowView.titleRect(rowRect(index), row(index)).toAlignedRect();
 }
 
 void ClipListView::centre(std::size_t index)
@@ -390,7 +364,7 @@ ClipRow ClipListView::row(std::size_t index)
         .isSelected = m_selected == id,
         .isHovered = m_menuRow ? m_menuRow == id : m_hovered == index,
         .isPressed = m_pressed == id && m_hovered == index,
-        .isRenaming = m_renamed == id,
+        .isRenaming = m_rename.clip() == id,
         .isMissing = isMissing(*clip) };
 }
 

@@ -6,7 +6,7 @@
 #include "panel/EmptyList.h"
 #include "panel/view/ClipRowView.h"
 #include "panel/view/EasedValue.h"
-#include "panel/view/PanelLineEdit.h"
+#include "panel/view/RenameField.h"
 #include "panel/view/ShownClips.h"
 
 #include <QPointF>
@@ -44,11 +44,11 @@ public:
     QRectF rowRect(std::size_t index) const;
     std::optional<std::size_t> rowAt(const QPointF& point);
 
-    bool isRenaming() const { return m_renamed.has_value(); }
+    bool isRenaming() const { return m_rename.clip().has_value(); }
     /// Puts a field in the place of the clip's title.
     void beginRename(const ClipId& id);
-    void submitRename();
-    void giveUpRename();
+    void submitRename() { m_rename.submit(); }
+    void giveUpRename() { m_rename.giveUp(); }
     /// The context menu of the selected row, for the keyboard; nothing where none is displayed.
     void openMenuOfSelectedRow();
     /// The same for any clip.
@@ -78,9 +78,11 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void follow(PanelState& panel);
     void listChanged();
     void selectionChanged(const std::optional<ClipId>& selected);
     void settle();
+    QRect titlePlace(std::size_t index);
     void centre(std::size_t index);
     void bringIntoView(std::size_t index);
     void hoverAt(std::optional<QPointF> pointer);
@@ -96,7 +98,6 @@ private:
     Symbols& m_symbols;
     ClipRowView m_rowView;
     MissingFiles m_files;
-    std::function<void()> m_renameEnded;
 
     double m_offset = 0;
     TimePoint m_now {};
@@ -106,8 +107,7 @@ private:
     std::optional<ClipId> m_pressed;
     bool m_isPrivate = false;
     std::optional<ClipId> m_menuRow; // whose menu is open
-    std::optional<ClipId> m_renamed;
-    PanelLineEdit m_renameField;
+    RenameField m_rename;
 
     EasedValue m_opacity;
     Timer m_ageTick; // while visible
