@@ -87,6 +87,7 @@ private:
 inline std::vector<std::string> childNames(const QAccessibleInterface& element)
 {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(element.childCount()));
     for (int index = 0; index < element.childCount(); ++index)
         names.push_back(element.child(index)->text(QAccessible::Name).toStdString());
     return names;
