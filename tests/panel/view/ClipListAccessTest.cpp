@@ -1,61 +1,14 @@
 #include "panel/view/ClipListAccess.h"
 
-#include "panel/view/ClipListView.h"
-#include "panel/view/PanelAccess.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
-#include "panel/view/ViewFixture.h"
-#include "support/AccessEvents.h"
-#include "support/Input.h"
+#include "panel/view/ListAccessFixture.h"
 
 #include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QMenu>
-
-#include <memory>
 
 namespace korvane {
 namespace {
 
-    using namespace std::chrono_literals;
-    using Done = test::FakeClipActions::Done;
+    using test::ListAccessFixture;
     using Names = std::vector<std::string>;
-
-    constexpr int listHeight = 306; // six rows
-
-    struct ListAccessFixture : test::ViewFixture {
-        explicit ListAccessFixture(int clips = 0)
-        {
-            addNumbered(clips);
-            installPanelAccess();
-            makeList();
-        }
-        void makeList()
-        {
-            list = std::make_unique<ClipListView>(
-                store, controller, loop, symbols, TextReader(), [] {}, nullptr);
-            list->resize(metrics::panelWidth, listHeight);
-            list->show();
-            test::settle();
-            element = QAccessible::queryAccessibleInterface(list.get());
-        }
-        QAccessibleInterface& row(int index) const { return *element->child(index); }
-        std::string name(int index) const
-        {
-            return row(index).text(QAccessible::Name).toStdString();
-        }
-        void act(int index, const QString& action)
-        {
-            row(index).actionInterface()->doAction(action);
-            loop.turn();
-        }
-
-        test::AccessEvents events;
-        Symbols symbols;
-        std::unique_ptr<ClipListView> list;
-        QAccessibleInterface* element = nullptr;
-    };
 
     TEST(ClipListAccessTest, TheListIsAListOfItsClips)
     {
@@ -67,24 +20,6 @@ namespace {
             (Names { "clip 1, Text, just now, 1 of 3", "clip 2, Text, just now, 2 of 3",
                 "clip 3, Text, just now, 3 of 3" }));
         EXPECT_EQ(f.row(0).role(), QAccessible::ListItem);
-    }
-
-    TEST(ClipListAccessTest, ARowTellsWhetherItIsPinnedAndHowOldItIs)
-    {
-        ListAccessFixture f(1);
-
-        f.store.togglePin(f.idAt(0));
-        f.loop.advance(5min);
-
-        EXPECT_EQ(f.name(0), "clip 1, Text, 5m, pinned, 1 of 1");
-    }
-
-    TEST(ClipListAccessTest, ALargeClipSaysThatItIsLarge)
-    {
-        ListAccessFixture f;
-        f.addLarge('a');
-
-        EXPECT_NE(f.name(0).find(", large, 64 KB, 1 of 1"), std::string::npos) << f.name(0);
     }
 
     TEST(ClipListAccessTest, AnEmptyListHasNoChildren)
@@ -116,27 +51,6 @@ namespace {
         EXPECT_EQ(test::childNames(*f.element), (Names { "clip 12, Text, just now, 1 of 1" }));
     }
 
-    TEST(ClipListAccessTest, ARowKnowsItsPlaceAndItsParent)
-    {
-        const ListAccessFixture f(3);
-
-        EXPECT_EQ(f.element->indexOfChild(&f.row(2)), 2);
-        EXPECT_EQ(f.row(2).parent(), f.element);
-        EXPECT_EQ(f.row(2).childCount(), 0);
-    }
-
-    TEST(ClipListAccessTest, ARowStandsOnTheScreenWhereItIsPainted)
-    {
-        const ListAccessFixture f(10);
-        f.list->setOffset(30);
-
-        const auto place = f.row(2).rect();
-
-        EXPECT_EQ(place.size(), QSize(metrics::panelWidth - 12, metrics::rowHeight));
-        EXPECT_EQ(place.topLeft(), f.list->mapToGlobal(f.list->rowRect(2).topLeft().toPoint()));
-        EXPECT_EQ(f.element->childAt(place.center().x(), place.center().y()), &f.row(2));
-    }
-
     TEST(ClipListAccessTest, BetweenTheRowsAndOutsideTheListThereIsNone)
     {
         const ListAccessFixture f(10);
@@ -144,118 +58,6 @@ namespace {
 
         EXPECT_EQ(f.element->childAt(place.center().x(), place.bottom() + 2), nullptr);
         EXPECT_EQ(f.element->childAt(place.center().x(), place.top() - 200), nullptr);
-    }
-
-    TEST(ClipListAccessTest, TheSelectedRowIsSelectedAndNoOther)
-    {
-        ListAccessFixture f(3);
-
-        f.selectAt(1);
-
-        EXPECT_TRUE(f.row(0).state().selectable);
-        EXPECT_TRUE(f.row(0).state().focusable);
-        EXPECT_FALSE(f.row(0).state().selected);
-        EXPECT_TRUE(f.row(1).state().selected);
-    }
-
-    TEST(ClipListAccessTest, ARowThatIsScrolledAwayIsOffscreenAndInvisible)
-    {
-        const ListAccessFixture f(50);
-
-        EXPECT_FALSE(f.row(5).state().invisible);
-        EXPECT_TRUE(f.row(30).state().offscreen);
-        EXPECT_TRUE(f.row(30).state().invisible);
-        f.list->setOffset(30 * metrics::rowPitch);
-        EXPECT_FALSE(f.row(30).state().offscreen);
-        EXPECT_TRUE(f.row(5).state().invisible);
-    }
-
-    TEST(ClipListAccessTest, NoRowOfAHiddenListIsVisible)
-    {
-        const ListAccessFixture f(3);
-
-        f.list->hide();
-
-        EXPECT_TRUE(f.row(0).state().invisible);
-    }
-
-    TEST(ClipListAccessTest, PressingARowDoesWhatAClickDoes)
-    {
-        ListAccessFixture f(3);
-
-        f.act(1, QAccessibleActionInterface::pressAction());
-
-        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "choose", "clip 2" } }));
-        EXPECT_EQ(f.selected(), "clip 2");
-    }
-
-    TEST(ClipListAccessTest, PastingARowDoesWhatReturnDoes)
-    {
-        ListAccessFixture f(3);
-
-        f.act(1, "Paste");
-
-        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "activate", "clip 2" } }));
-    }
-
-    TEST(ClipListAccessTest, FocusingARowSelectsItAndPutsNothingOnTheClipboard)
-    {
-        ListAccessFixture f(3);
-
-        f.act(2, QAccessibleActionInterface::setFocusAction());
-
-        EXPECT_EQ(f.selected(), "clip 3");
-        EXPECT_TRUE(f.actions.done.empty());
-    }
-
-    TEST(ClipListAccessTest, ARowsMenuCanBeOpened)
-    {
-        ListAccessFixture f(3);
-
-        f.act(1, QAccessibleActionInterface::showMenuAction());
-
-        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_NE(menu, nullptr);
-        EXPECT_EQ(menu->actions().first()->text(), "Copy");
-        EXPECT_EQ(menu->activeAction(), menu->actions().first());
-        QAccessible::queryAccessibleInterface(menu)->child(0)->actionInterface()->doAction(
-            QAccessibleActionInterface::pressAction());
-        EXPECT_EQ(f.actions.done, (std::vector<Done> { { "copy", "clip 2" } }));
-        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-        test::settle();
-    }
-
-    TEST(ClipListAccessTest, AnActionThatIsNotThereDoesNothing)
-    {
-        ListAccessFixture f(3);
-
-        f.act(1, "Bake");
-
-        EXPECT_TRUE(f.actions.done.empty());
-        EXPECT_EQ(f.selected(), "none");
-    }
-
-    TEST(ClipListAccessTest, EachActionIsExplained)
-    {
-        const ListAccessFixture f(1);
-        auto& actions = *f.row(0).actionInterface();
-
-        EXPECT_EQ(
-            actions.actionNames(), (QStringList { "Press", "ShowMenu", "Paste", "SetFocus" }));
-        EXPECT_EQ(actions.localizedActionName("Paste"), "Paste Directly");
-        for (const auto& name : actions.actionNames())
-            EXPECT_FALSE(actions.localizedActionDescription(name).isEmpty()) << name.toStdString();
-    }
-
-    TEST(ClipListAccessTest, AnActionWhoseListHasEndedDoesNothing)
-    {
-        ListAccessFixture f(3);
-        f.row(1).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-
-        f.list.reset();
-        f.loop.turn();
-
-        EXPECT_TRUE(f.actions.done.empty());
     }
 
     TEST(ClipListAccessTest, ARowStaysTheSameElementWhereverItsClipMoves)

@@ -1,72 +1,18 @@
 #include "panel/view/PanelAnnouncer.h"
 
-#include "panel/view/ClipPanelView.h"
-#include "panel/view/PanelAccess.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/ViewFixture.h"
-#include "support/AccessEvents.h"
-#include "support/Input.h"
+#include "panel/view/AnnouncerFixture.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
 #include <algorithm>
-#include <chrono>
-#include <memory>
-#include <optional>
 
 namespace korvane {
 namespace {
 
     using namespace std::chrono_literals;
-    using Names = std::vector<std::string>;
-
-    enum class Listener { present, absent };
-
-    struct AnnouncerFixture : test::ViewFixture {
-        explicit AnnouncerFixture(int clips, Listener listener = Listener::present)
-        {
-            addNumbered(clips);
-            add("let x = 1;", ClipType::code);
-            installPanelAccess();
-            if (listener == Listener::present)
-                events.emplace();
-            view = std::make_unique<ClipPanelView>(store, controller, loop, TextReader());
-            view->resize(metrics::panelWidth, 480);
-            open();
-        }
-        void open()
-        {
-            controller.prepareToOpen(std::nullopt);
-            view->show();
-            QApplication::setActiveWindow(view.get()); // which no desktop does here
-            test::settle();
-            loop.advance(0ms);
-        }
-        /// Forgets what has been told so far.
-        void forget()
-        {
-            loop.advance(0ms);
-            events->clear();
-        }
-        /// Presses a key of the panel, and lets what follows from it be told.
-        void key(KeyCode code)
-        {
-            view->handle({ code, 0, "" });
-            loop.advance(0ms);
-        }
-        void type(const QString& text)
-        {
-            test::typeText(view->search().field(), text);
-            loop.advance(0ms);
-        }
-        Names focused() const { return events->names(QAccessible::Focus); }
-        Names selections() const { return events->names(QAccessible::Selection); }
-
-        std::optional<test::AccessEvents> events;
-        std::unique_ptr<ClipPanelView> view;
-    };
+    using test::AnnouncerFixture;
+    using test::Listener;
+    using Names = AnnouncerFixture::Names;
 
     TEST(PanelAnnouncerTest, AnOpeningTellsTheTabTheNumberOfClipsAndTheSelectedOne)
     {
@@ -330,21 +276,6 @@ namespace {
     TEST(PanelAnnouncerTest, ToTellAStepCostsTheSameInTheLongestHistory)
     {
         EXPECT_LT(timeOfToldStep(9998), 2 * timeOfToldStep(50) + 2ms);
-    }
-
-    TEST(PanelAnnouncerTest, TheFieldsAndTheTotalsHaveTheirNames)
-    {
-        AnnouncerFixture f(3);
-        const auto element
-            = [](QObject& widget) { return QAccessible::queryAccessibleInterface(&widget); };
-
-        auto* const field = element(f.view->search().field());
-        EXPECT_EQ(field->text(QAccessible::Name), "Search");
-        EXPECT_EQ(field->role(), QAccessible::EditableText);
-        auto* const totals = element(f.view->footer());
-        EXPECT_EQ(totals->role(), QAccessible::StaticText);
-        EXPECT_EQ(totals->text(QAccessible::Name), "4 clips / 1 KB");
-        EXPECT_EQ(totals->text(QAccessible::Description), "Total: 4 / 500 clips · 500 MB limit");
     }
 
 } // namespace
