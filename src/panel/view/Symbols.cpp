@@ -1,6 +1,7 @@
 #include "panel/view/Symbols.h"
 
 #include <QFile>
+#include <QImage>
 #include <QPaintDevice>
 #include <QSvgRenderer>
 
@@ -20,14 +21,19 @@ namespace {
         QSvgRenderer renderer(drawing);
 
         const auto edge = static_cast<int>(std::lround(size * ratio));
-        QPixmap pixmap(edge, edge);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
+        // The toolkit draws strokes thinner than a pixel as broken hairlines; in a larger drawing they
+        // are wider than one, and what the larger drawing covers of each pixel is the stroke's share.
+        constexpr int finer = 8;
+        QImage drawn(QSize(edge, edge) * finer, QImage::Format_ARGB32_Premultiplied);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
         renderer.render(&painter);
         // What the drawing covers takes the colour; how much it covers stays.
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(pixmap.rect(), colour);
+        painter.fillRect(drawn.rect(), colour);
         painter.end();
+        auto pixmap = QPixmap::fromImage(
+            drawn.scaled(edge, edge, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         pixmap.setDevicePixelRatio(ratio);
         return pixmap;
     }

@@ -51,6 +51,21 @@ namespace {
         }
     }
 
+    TEST(SymbolsTest, ASymbolWhoseStrokesAreThinnerThanAPixelIsDrawnEvenly)
+    {
+        Symbols symbols;
+
+        for (const std::string name : { "chevron.up", "chevron.down", "ellipsis.circle", "lock" }) {
+            const auto image = symbols.pixmap(name, 14, 1, Qt::black).toImage();
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width() / 2; ++x)
+                    EXPECT_NEAR(image.pixelColor(x, y).alpha(),
+                        image.pixelColor(image.width() - 1 - x, y).alpha(), 8)
+                        << name << " at " << x << ", " << y;
+            }
+        }
+    }
+
     TEST(SymbolsTest, ASymbolTakesTheColourThatItIsAskedForIn)
     {
         Symbols symbols;
