@@ -75,7 +75,8 @@ def until_different(place, act):
     """Does something, and waits until the panel looks different around a place."""
     def step(stage):
         x, y = stage.at(*place)
-        around = Box(x, y, 1, 1).around(round(8 * stage.scale)).within(stage.panel())
+        wide, high = round(8 * stage.scale), round((ROW / 2 + 2) * stage.scale)
+        around = Box(x - wide, y - high, 2 * wide, 2 * high).within(stage.panel())
         before = stage.screen.pixels(around)
         act(stage)
         wait_for(f"something changes at {place}", lambda: stage.screen.pixels(around) != before)

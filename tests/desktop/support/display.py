@@ -165,7 +165,8 @@ class Screen:
         window.change_property(Xatom.WM_NAME, Xatom.STRING, 8, b"now")
         while True:
             happened = self.display.next_event()
-            if happened.type == X.PropertyNotify and happened.window == window:
+            # The number of the window is that of the one before, whose end has taken its property away.
+            if happened.type == X.PropertyNotify and happened.window == window and happened.state == X.PropertyNewValue:
                 window.destroy()
                 return happened.time
 
