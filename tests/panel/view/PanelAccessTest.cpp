@@ -7,12 +7,15 @@
 namespace korvane {
 namespace {
 
-    TEST(PanelAccessTest, TheFieldsAndTheTotalsHaveTheirNames)
+    TEST(PanelAccessTest, TheHeadTheFieldsAndTheTotalsHaveTheirNames)
     {
         test::AnnouncerFixture f(3);
         const auto element
             = [](QObject& widget) { return QAccessible::queryAccessibleInterface(&widget); };
 
+        auto* const head = element(f.view->header());
+        EXPECT_EQ(head->role(), QAccessible::Grouping);
+        EXPECT_EQ(head->text(QAccessible::Name), "Korvane");
         auto* const field = element(f.view->search().field());
         EXPECT_EQ(field->text(QAccessible::Name), "Search");
         EXPECT_EQ(field->role(), QAccessible::EditableText);
