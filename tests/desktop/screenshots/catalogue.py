@@ -12,7 +12,7 @@ TABS = ("pinned", "text", "url", "code", "email", "files", "emoji", "large")
 HEADER, TOTALS = (0, 0, 360, 42), (10, -33, 200, 24)
 # The rows of the typical history that each tab shows.
 ROWS_OF_TAB = {"pinned": 1, "text": 4, "url": 1, "code": 1, "email": 1, "files": 1, "emoji": 1, "large": 1}
-RENAME = 4  # how often the down key is pressed from the top of a row's menu to "Rename..."
+RENAME = 3  # how often the down key is pressed from the first line of a row's menu to "Rename..."
 
 SECOND = (press("Down"), until_selected(1))
 PREVIEW_RIGHT = (*SECOND, press("space"), until_preview("right"))
@@ -20,7 +20,7 @@ PREVIEW_LEFT = (press("Down", times=3), until_selected(3), press("space"), until
 CONTEXT_MENU = (*SECOND, click(row(2), button=3), until_opened("the row's menu"))
 CLOSED = until("the menu is closed", lambda stage: not stage.others())
 RENAMING = (press("Down", times=2), until_selected(2), press("Shift_L", "F10"), until_opened("the row's menu"),
-            press("Down", times=RENAME), press("Return"), CLOSED, until_colour("accent", 50, row(2)[1] - 16, 200, 17))
+            press("Home"), press("Down", times=RENAME), press("Return"), CLOSED, until_colour("accent", 50, row(2)[1] - 16, 200, 17))
 CHEVRONS = (until_chevron(UP_CHEVRON), until_chevron(DOWN_CHEVRON))
 TYPICAL = (*SECOND, point(row(3)), until_rows(8))
 
