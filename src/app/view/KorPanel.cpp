@@ -105,10 +105,8 @@ void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
     const auto panel = rect().marginsRemoved(m_margins);
     if (!panel.contains(dirty))
         m_shadow.paint(painter, panel, schemeOf(palette()) == ColourScheme::dark ? 0.55 : 0.32);
-    auto ground = colours.panel;
-    ground.setAlpha(colours.panelAlpha);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(rounded(panel, metrics::panelRadius), ground);
+    painter.fillPath(rounded(panel, metrics::panelRadius), colours.panel);
     painter.setPen(colours.edge);
     painter.drawPath(
         rounded(QRectF(panel).adjusted(0.5, 0.5, -0.5, -0.5), metrics::panelRadius - 0.5));
@@ -139,6 +137,13 @@ void KorPanel::showEvent(QShowEvent*)
     // before that, it says nothing, and leaves it without a cursor and without a focus to tell of.
     if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow())
         QApplication::setActiveWindow(this);
+}
+
+void KorPanel::hideEvent(QHideEvent*)
+{
+    // A menu of a window that is gone would act on what nobody sees.
+    for (auto* popup = QApplication::activePopupWidget(); popup != nullptr && popup->close();)
+        popup = QApplication::activePopupWidget();
 }
 
 void KorPanel::changeEvent(QEvent* event)

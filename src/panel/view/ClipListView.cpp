@@ -72,8 +72,10 @@ void ClipListView::follow(PanelState& panel)
     m_connections.push_back(panel.selectedClipID.onChange(
         [this](const auto& selected) { selectionChanged(selected); }));
     m_connections.push_back(panel.isTabSwitching.onChange([this](bool isSwitching) {
-        m_opacity.goTo(
-            isSwitching ? 0 : 1, isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
+        // Without motion the old rows stand until the new ones come: a list that is gone at once
+        // would only flicker.
+        m_opacity.goTo(isSwitching && EasedValue::isAnimated() ? 0 : 1,
+            isSwitching ? TabSwitcher::barAnimation : TabSwitcher::listFade);
     }));
     m_connections.push_back(m_files.changed.connect([this] { update(); }));
     m_connections.push_back(m_controller.observePrivateMode([this](bool isPrivate) {

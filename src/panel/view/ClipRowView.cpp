@@ -199,8 +199,12 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
         painter.setFont(font);
         painter.setPen(shown.isMissing ? standingBack(colours, shown) : colours.text);
         const auto text = QString::fromUtf8(paneltexts::rowTitle(shown.clip));
-        painter.drawText(
-            title, oneLine, elidedText(text, QFontMetricsF(painter.font()), title.width()));
+        // A text begins where its script does, so that its words stand in their order and what has
+        // no room is cut off at its end; the rows keep their left edge.
+        const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute
+                                                   : Qt::TextForceLeftToRight;
+        painter.drawText(title, oneLine | direction,
+            elidedText(text, QFontMetricsF(painter.font()), title.width()));
     }
     painter.setFont(panelFont(metaSize));
     painter.setPen(standingBack(colours, shown));

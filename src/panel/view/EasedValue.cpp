@@ -21,12 +21,6 @@ namespace {
                                                     : 16 };
     }
 
-    /// Whether the user wants things to move, as the style has it.
-    bool isAnimated()
-    {
-        return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
-    }
-
 } // namespace
 
 EasedValue::EasedValue(MainLoop& loop, double value, std::function<void()> changed)
@@ -37,6 +31,11 @@ EasedValue::EasedValue(MainLoop& loop, double value, std::function<void()> chang
     , m_target(value)
     , m_began(loop.now())
 {
+}
+
+bool EasedValue::isAnimated()
+{
+    return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 }
 
 void EasedValue::goTo(double target, std::chrono::milliseconds duration)

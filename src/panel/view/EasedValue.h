@@ -15,6 +15,9 @@ public:
     /// @param changed  called with each step
     EasedValue(MainLoop& loop, double value, std::function<void()> changed);
 
+    /// Whether the user wants things to move.
+    static bool isAnimated();
+
     double value() const { return m_value; }
     void goTo(double target, std::chrono::milliseconds duration);
     /// Ends what is under way and stands at the value.

@@ -24,7 +24,6 @@ namespace {
         const QColor secondary { 0x4f, 0x53, 0x58 };
         return {
             .panel = QColor { 251, 251, 250 },
-            .panelAlpha = 240,
             .edge = translucent(Qt::black, 0.12),
             .line = translucent(Qt::black, 0.07),
             .text = text,
@@ -54,12 +53,11 @@ namespace {
         const QColor secondary { 0xc4, 0xc9, 0xce };
         return {
             .panel = QColor { 33, 35, 38 },
-            .panelAlpha = 242,
             .edge = translucent(Qt::white, 0.13),
             .line = translucent(Qt::white, 0.08),
             .text = text,
             .secondary = secondary,
-            .chip = translucent(text, 0.08),
+            .chip = translucent(text, 0.06),
             .field = translucent(Qt::white, 0.06),
             .hover = translucent(Qt::white, 0.055),
             .pressed = translucent(Qt::white, 0.08),

@@ -39,10 +39,10 @@ enum class ColourScheme { light, dark };
 
 /// The panel's colours in one scheme. Where a colour is translucent, it is laid over `panel`.
 struct PanelColours {
-    QColor panel;         ///< the panel's ground, opaque
-    int panelAlpha = 255; ///< how much of it is laid over the desktop where a compositor runs
-    QColor edge;          ///< the one-pixel edge around the panel
-    QColor line;          ///< between the parts of the panel
+    /// The panel's ground. Opaque: on one that is not, the toolkit blends letters too heavily.
+    QColor panel;
+    QColor edge; ///< the one-pixel edge around the panel
+    QColor line; ///< between the parts of the panel
     QColor text;
     QColor secondary; ///< text and symbols that stand back
     QColor chip;      ///< a tab that is not chosen

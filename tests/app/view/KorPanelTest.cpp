@@ -212,7 +212,21 @@ namespace {
         EXPECT_LT(picture.pixelColor(middle, picture.height() - 1).alpha(), 5);
         EXPECT_LT(picture.pixelColor(0, panel.center().y()).alpha(), 5);
         EXPECT_LT(picture.pixelColor(middle, 0).alpha(), 5);
-        EXPECT_LT(picture.pixelColor(middle, panel.center().y()).alpha(), 255);
+        EXPECT_EQ(picture.pixelColor(middle, panel.center().y()).alpha(), 255);
+    }
+
+    TEST(KorPanelTest, AMenuThatIsOpenGoesWithTheWindow)
+    {
+        WindowFixture f;
+        f.window.show();
+        QMenu menu(&f.window);
+        menu.addAction(QStringLiteral("Copy"));
+        menu.popup(f.window.pos());
+        ASSERT_TRUE(menu.isVisible());
+
+        f.window.hide();
+
+        EXPECT_FALSE(menu.isVisible());
     }
 
     TEST(KorPanelTest, ACompositorThatEndsTakesTheShadowAway)

@@ -152,6 +152,16 @@ namespace {
         }
     }
 
+    TEST(ClipRowViewTest, ATitleBeginsWhereItsScriptDoes)
+    {
+        RowFixture f;
+        f.clip.text = "abc שלום";
+        const auto fromTheLeft = f.paint({ .clip = f.clip });
+        f.clip.text = "שלום abc"; // read from the right, the Latin word stands at the left
+
+        EXPECT_EQ(f.paint({ .clip = f.clip }), fromTheLeft);
+    }
+
     TEST(ClipRowViewTest, AFileThatIsGoneLooksGone)
     {
         RowFixture f;
