@@ -255,28 +255,5 @@ namespace {
         EXPECT_EQ(f.events->announced, (Names { "All, 4 clips, clip 1, Text, just now, 2 of 4" }));
     }
 
-    /// The shortest time for a step of the selection, until it has been told.
-    std::chrono::nanoseconds timeOfToldStep(int clips)
-    {
-        AnnouncerFixture f(0);
-        f.store.setMaxClips(9999);
-        f.store.savingOnce([&] { f.addNumbered(clips); });
-        f.forget();
-        auto best = std::chrono::nanoseconds(1h);
-        for (int run = 0; run < 9; ++run) {
-            const auto begin = std::chrono::steady_clock::now();
-            f.key(keycodes::upArrow);
-            best = std::min(
-                best, std::chrono::nanoseconds(std::chrono::steady_clock::now() - begin));
-        }
-        EXPECT_EQ(f.focused().size(), 9U);
-        return best;
-    }
-
-    TEST(PanelAnnouncerTest, ToTellAStepCostsTheSameInTheLongestHistory)
-    {
-        EXPECT_LT(timeOfToldStep(9998), 2 * timeOfToldStep(50) + 2ms);
-    }
-
 } // namespace
 } // namespace korvane

@@ -4,14 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QImage>
 #include <QPainter>
 #include <QTextOption>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace korvane {
 namespace {
@@ -95,27 +93,6 @@ namespace {
         EXPECT_LE(TextLines(tower, look(), width).height(), 2 * metrics::previewLineHeight);
         EXPECT_LE(TextLines(tower + QStringLiteral(" b"), look(), width).height(),
             2 * metrics::previewLineHeight);
-    }
-
-    TEST(TextLinesTest, TheTimeForAnEndlessWordGrowsWithItsLengthAndNoFaster)
-    {
-        const auto time = [](qsizetype length) {
-            auto fastest = std::numeric_limits<qint64>::max();
-            for (int attempt = 0; attempt < 5; ++attempt) {
-                QElapsedTimer timer;
-                timer.start();
-                const TextLines lines(QString(length, u'x'), look(), width);
-                fastest = std::min(fastest, timer.nsecsElapsed());
-                EXPECT_GT(lines.height(), 0);
-            }
-            return static_cast<double>(fastest);
-        };
-        time(1000);
-
-        const double ratio = time(160'000) / time(16'000);
-
-        // One that looks at the rest of the word for each line takes a hundred times as long.
-        EXPECT_LT(ratio, 25);
     }
 
 } // namespace
