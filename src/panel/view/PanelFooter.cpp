@@ -28,6 +28,7 @@ PanelFooter::PanelFooter(ClipStore& store, QWidget* parent)
     , m_store(store)
 {
     const auto refreshShown = [this] {
+        m_isStale = true;
         if (isVisible())
             refresh();
     };
@@ -48,11 +49,14 @@ void PanelFooter::paintEvent(QPaintEvent*)
 
 void PanelFooter::showEvent(QShowEvent*)
 {
-    refresh();
+    // To add up a long history takes longer than all the rest of an opening.
+    if (m_isStale)
+        refresh();
 }
 
 void PanelFooter::refresh()
 {
+    m_isStale = false;
     const auto count = m_store.clips().size();
     const auto bytes = m_store.totalBytes();
     const auto totals = QString::fromStdString(paneltexts::totals(count, bytes));

@@ -26,6 +26,7 @@ private:
     void refresh();
 
     ClipStore& m_store;
+    bool m_isStale = true;
     QString m_totals;
     paneltexts::FillLevel m_level = paneltexts::FillLevel::low;
     std::vector<Connection> m_connections;
