@@ -20,6 +20,7 @@ void TabSwitcher::switchTo(FilterTab tab)
         return;
     panel.tabDisplayed.set(tab);
     panel.isTabSwitching.set(true);
+    ++m_pendingCommits;
     after(untilCommit, [this, tab] { commit(tab); });
 }
 
@@ -33,7 +34,10 @@ void TabSwitcher::commit(FilterTab tab)
     auto& panel = m_store.panel();
     panel.panelFilterTab.set(tab);
     selectFirst(m_store);
-    panel.tabDisplayed.set(std::nullopt);
+    // While another commit is to come, the bar stays on its tab: it would run back otherwise, and
+    // the next press would start from there.
+    if (--m_pendingCommits == 0)
+        panel.tabDisplayed.set(std::nullopt);
     after(untilSettled, [this] { m_store.panel().isTabSwitching.set(false); });
 }
 

@@ -29,7 +29,8 @@ public:
     TabSwitcher& operator=(const TabSwitcher&) = delete;
 
     /// Does nothing for the tab that filters the list already. A switch that is under way is not
-    /// cancelled by the next: the list passes through every tab and ends on the last.
+    /// cancelled by the next: the list passes through every tab and ends on the last, on which the
+    /// bar stands all the time.
     void switchTo(FilterTab tab);
     /// Switches to the tab `steps` further on than the one that the bar shows.
     void cycle(int steps);
@@ -40,6 +41,7 @@ private:
 
     ClipStore& m_store;
     MainLoop& m_loop;
+    int m_pendingCommits = 0;
     std::uint64_t m_lastStep = 0;
     std::map<std::uint64_t, Timer> m_pendingSteps; // die with us: a step can never find us gone
 };

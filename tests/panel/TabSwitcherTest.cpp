@@ -140,6 +140,39 @@ namespace {
         EXPECT_FALSE(isSwitching(f));
     }
 
+    TEST(TabSwitcherTest, TheBarStaysOnTheLastTabWhileTheListPassesThroughTheOthers)
+    {
+        PanelFixture f;
+        f.tabs.switchTo(FilterTab::url);
+        f.loop.advance(100ms);
+        f.tabs.switchTo(FilterTab::code);
+
+        f.loop.advance(130ms);
+        EXPECT_EQ(filterTab(f), FilterTab::url);
+        EXPECT_EQ(tabDisplayed(f), FilterTab::code);
+
+        f.loop.advance(100ms);
+        EXPECT_EQ(filterTab(f), FilterTab::code);
+        EXPECT_EQ(tabDisplayed(f), std::nullopt);
+    }
+
+    TEST(TabSwitcherTest, EveryStepCountsAlsoBetweenTheCommitsOfEarlierOnes)
+    {
+        PanelFixture f;
+
+        f.tabs.cycle(1); // commits at 230 ms
+        f.loop.advance(100ms);
+        f.tabs.cycle(1);
+        f.loop.advance(100ms);
+        f.tabs.cycle(1);
+        f.loop.advance(50ms);
+        f.tabs.cycle(1);
+        f.loop.advance(1s);
+
+        EXPECT_EQ(filterTab(f), FilterTab::code);
+        EXPECT_EQ(tabDisplayed(f), std::nullopt);
+    }
+
     TEST(TabSwitcherTest, BackwardFromTheFirstTabIsTheNinth)
     {
         PanelFixture f;
