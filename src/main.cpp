@@ -247,8 +247,11 @@ namespace {
         ::setenv("QT_QPA_PLATFORM", "xcb", 1);
         // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
         // user starts later. This is the switch that programs of other toolkits are kept out with.
-        if (std::getenv("NO_AT_BRIDGE") == nullptr)
-            ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 0);
+        constexpr const char* listenersAtAnyTime = "QT_LINUX_ACCESSIBILITY_ALWAYS_ON";
+        const bool isOurSwitch
+            = std::getenv("NO_AT_BRIDGE") == nullptr && std::getenv(listenersAtAnyTime) == nullptr;
+        if (isOurSwitch)
+            ::setenv(listenersAtAnyTime, "1", 0);
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
@@ -256,6 +259,8 @@ namespace {
         QGuiApplication::setDesktopFileName(folderName);
         QGuiApplication::setQuitOnLastWindowClosed(false);
         const QApplication application(argc, argv);
+        if (isOurSwitch)
+            ::unsetenv(listenersAtAnyTime); // no program that we start shall have it from us
 
         // Ends after the program and before the toolkit.
         FarewellLimit farewell;

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -142,8 +143,8 @@ void KorPanel::showEvent(QShowEvent*)
 void KorPanel::hideEvent(QHideEvent*)
 {
     // A menu of a window that is gone would act on what nobody sees.
-    for (auto* popup = QApplication::activePopupWidget(); popup != nullptr && popup->close();)
-        popup = QApplication::activePopupWidget();
+    for (auto* menu : findChildren<QMenu*>())
+        menu->close();
 }
 
 void KorPanel::changeEvent(QEvent* event)

@@ -77,12 +77,14 @@ void PortalSettings::accept(const QString& space, const QString& key, const QVar
     const Setting setting { space, key };
     if (setting == colourScheme())
         m_isDark.set(told.toUInt() == prefersDark);
-    else if (setting == animations())
-        m_isAnimated.set(told.typeId() != QMetaType::Bool || told.toBool());
-    else if (setting == animationDuration()) {
+    else if (setting == animations()) {
+        m_areAnimationsOn = told.typeId() != QMetaType::Bool || told.toBool();
+        tellAnimated();
+    } else if (setting == animationDuration()) {
         bool isNumber = false;
         const double factor = told.toDouble(&isNumber); // a number, or one written out
-        m_isAnimated.set(!isNumber || factor > 0);
+        m_haveAnimationsTime = !isNumber || factor > 0;
+        tellAnimated();
     }
 }
 

@@ -31,6 +31,10 @@ private: // NOLINT(readability-redundant-access-specifiers): the toolkit's own r
     void ask(QDBusConnection& connection, const QString& space, const QString& key);
     void accept(const QString& space, const QString& key, const QVariant& value);
 
+    void tellAnimated() { m_isAnimated.set(m_areAnimationsOn && m_haveAnimationsTime); }
+
+    bool m_areAnimationsOn = true;
+    bool m_haveAnimationsTime = true;
     Observable<bool> m_isDark { false };
     Observable<bool> m_isAnimated { true };
 };

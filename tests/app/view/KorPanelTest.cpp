@@ -229,6 +229,19 @@ namespace {
         EXPECT_FALSE(menu.isVisible());
     }
 
+    TEST(KorPanelTest, AMenuOfAnotherWindowStaysOpen)
+    {
+        WindowFixture f;
+        f.window.show();
+        QMenu trayMenu;
+        trayMenu.addAction(QStringLiteral("Open Korvane"));
+        trayMenu.popup(f.window.pos());
+
+        f.window.hide();
+
+        EXPECT_TRUE(trayMenu.isVisible());
+    }
+
     TEST(KorPanelTest, ACompositorThatEndsTakesTheShadowAway)
     {
         WindowFixture f;

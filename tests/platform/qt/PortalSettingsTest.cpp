@@ -115,6 +115,19 @@ namespace {
         EXPECT_TRUE(waitUntil([&] { return f.scheme.isAnimated().value(); }));
     }
 
+    TEST(PortalSettingsTest, OneWishForNoAnimationsIsEnoughWhateverTheOtherKeySays)
+    {
+        PortalFixture f({ { "org.gnome.desktop.interface enable-animations", false },
+            { "org.kde.kdeglobals.KDE AnimationDurationFactor", 1.0 } });
+        ASSERT_TRUE(waitUntil([&] { return !f.scheme.isAnimated().value(); }));
+
+        f.portal.change("AnimationDurationFactor", 2.0, "org.kde.kdeglobals.KDE");
+        f.portal.change("color-scheme", 1U);
+        ASSERT_TRUE(waitUntil([&] { return f.scheme.isDark().value(); }));
+
+        EXPECT_FALSE(f.scheme.isAnimated().value());
+    }
+
     TEST(PortalSettingsTest, AChangeIsFollowedInBothDirections)
     {
         PortalFixture f(1);
