@@ -74,20 +74,10 @@ ClipStore::ClipStore(
 
 ClipStore::~ClipStore() = default;
 
-std::vector<const ClipItem*> ClipStore::filteredClips() const
+const std::vector<const ClipItem*>& ClipStore::filteredClips() const
 {
-    const auto tab = m_panel.panelFilterTab.value();
-    const SearchNeedle needle(m_panel.panelSearch.value(), m_keys.localeId());
-    if (!needle.isEmpty())
-        m_keys.makeAll(m_clips);
-
-    std::vector<const ClipItem*> shown;
-    for (std::size_t i = 0; i < m_clips.size(); ++i) {
-        const auto& clip = m_clips[i];
-        if (contains(tab, clip) && (needle.isEmpty() || needle.occursIn(m_keys.key(i))))
-            shown.push_back(&clip);
-    }
-    return shown;
+    return m_filtered.of(
+        m_clips, m_keys, m_panel.panelFilterTab.value(), m_panel.panelSearch.value());
 }
 
 const ClipItem* ClipStore::find(const ClipId& id) const
@@ -131,6 +121,7 @@ void ClipStore::togglePin(const ClipId& id)
     if (index == m_clips.size())
         return;
     m_clips[index].isPinned = !m_clips[index].isPinned;
+    m_filtered.forget();
     saveAndTell();
 }
 
@@ -143,6 +134,7 @@ void ClipStore::rename(const ClipId& id, std::string_view name)
     m_clips[index].customName
         = repaired.empty() ? std::nullopt : std::optional(std::move(repaired));
     m_keys.update(index, m_clips[index]);
+    m_filtered.forget();
     saveAndTell();
 }
 
@@ -258,6 +250,7 @@ void ClipStore::insertFirst(ClipItem clip)
     clip.text.shrink_to_fit(); // it stays for long, and the buffer may have been made for much more
     m_keys.insertFirst(clip);
     m_clips.insert(m_clips.begin(), std::move(clip));
+    m_filtered.forget();
 }
 
 template <typename IsGone>
@@ -279,6 +272,7 @@ std::size_t ClipStore::removeWhere(const IsGone& isGone)
     const auto removed = m_clips.size() - kept;
     m_clips.resize(kept);
     m_keys.truncate(kept);
+    m_filtered.forget();
     return removed;
 }
 

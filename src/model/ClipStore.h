@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ClipItem.h"
+#include "model/FilteredClips.h"
 #include "model/HistoryFile.h"
 #include "model/Limits.h"
 #include "model/MainLoop.h"
@@ -38,9 +39,9 @@ public:
     /// Newest first. Valid until the next operation that changes the list.
     const std::vector<ClipItem>& clips() const { return m_clips; }
     /// The clips that the panel shows: in its tab, and with its search text in their text, source
-    /// application or own name. Computed at every call, in the order of the history. The pointers
-    /// are valid until the next operation that changes the list.
-    std::vector<const ClipItem*> filteredClips() const;
+    /// application or own name; in the order of the history. Valid until the next operation that
+    /// changes the list, the tab or the search.
+    const std::vector<const ClipItem*>& filteredClips() const;
     /// The first clip with this identifier, or none.
     const ClipItem* find(const ClipId& id) const;
 
@@ -121,6 +122,7 @@ private:
     bool m_isSavingLater = false;
     bool m_hasUnsaved = false;
     mutable SearchKeys m_keys; // one for each clip; missing ones are made when they are needed
+    mutable FilteredClips m_filtered;
     std::optional<ClipId> m_lastUsedID;
     std::optional<TimePoint> m_lastUsedTimestamp;
     PanelState m_panel;

@@ -13,8 +13,6 @@ namespace korvane {
 struct PanelState {
     /// The selected clip; it need not be in the displayed list.
     Observable<std::optional<ClipId>> selectedClipID;
-    /// Whether the list scrolls to a clip that is selected now. At an opening it stays at its top.
-    bool scrollsToSelection = true;
     /// Vertical middle of the selected row, measured downward from the panel's top edge, in points.
     double selectedRowMidY = 0;
     /// Rises by one each time that the panel is opened.

@@ -60,4 +60,15 @@ bool SearchNeedle::occursIn(std::string_view key) const
     return at != std::string_view::npos;
 }
 
+bool SearchNeedle::extends(const SearchNeedle& earlier) const
+{
+    if (earlier.isEmpty())
+        return true;
+    const auto size = earlier.m_key.size();
+    // A mark would go with the letter before it, so that the earlier one does not occur there. What
+    // is ASCII is no mark.
+    return m_key.size() > size && m_key.starts_with(earlier.m_key)
+        && static_cast<unsigned char>(m_key[size]) < 0x80;
+}
+
 } // namespace korvane

@@ -17,6 +17,7 @@ std::string searchKey(std::string_view utf8, const std::string& localeId);
 /// A search text, made ready to be looked for in many keys. It is taken literally.
 class SearchNeedle {
 public:
+    SearchNeedle() = default;
     SearchNeedle(std::string_view typed, const std::string& localeId);
 
     /// Nothing was typed; it then occurs in every key.
@@ -24,10 +25,13 @@ public:
     /// Whether the text of this key contains it. An occurrence does not count when it would cut a
     /// letter from its marks: "cafe" does not occur in "café", however that is spelt.
     bool occursIn(std::string_view key) const;
+    /// Whether it can occur only where an earlier one does, as when more has been typed. May be false
+    /// although it is so.
+    bool extends(const SearchNeedle& earlier) const;
 
 private:
     std::string m_key;
-    bool m_beginsWithMark;
+    bool m_beginsWithMark = false;
 };
 
 } // namespace korvane

@@ -50,17 +50,15 @@ void PanelController::prepareToOpen(std::optional<std::string_view> clipboardTex
 {
     auto& panel = m_store.panel();
     panel.panelSearch.set({});
-    const auto displayed = m_store.filteredClips();
+    const auto& displayed = m_store.filteredClips();
     select(m_store, displayed, clipboardText ? indexOfText(displayed, *clipboardText) : 0);
     panel.panelOpenCount.set(panel.panelOpenCount.value() + 1);
 }
 
 void PanelController::selectText(std::string_view text)
 {
-    const auto displayed = m_store.filteredClips();
-    m_store.panel().scrollsToSelection = false;
+    const auto& displayed = m_store.filteredClips();
     select(m_store, displayed, indexOfText(displayed, text));
-    m_store.panel().scrollsToSelection = true;
 }
 
 void PanelController::click(const ClipId& id)
@@ -173,7 +171,7 @@ bool PanelController::perform(panelcommands::ActivateSelected)
 
 bool PanelController::perform(panelcommands::ActivateAt command)
 {
-    const auto displayed = m_store.filteredClips();
+    const auto& displayed = m_store.filteredClips();
     if (command.index >= displayed.size())
         return false;
     withClip(
@@ -222,7 +220,7 @@ bool PanelController::perform(panelcommands::Escape)
 bool PanelController::perform(panelcommands::MoveSelection command)
 {
     m_host.hidePreview();
-    const auto displayed = m_store.filteredClips();
+    const auto& displayed = m_store.filteredClips();
     if (displayed.empty())
         return true;
     // Without a selection the move starts at the first clip, so that Down selects the second,
@@ -261,7 +259,7 @@ void PanelController::deleteSelected()
 /// the first hit then.
 void PanelController::keepSelectionDisplayed()
 {
-    const auto displayed = m_store.filteredClips();
+    const auto& displayed = m_store.filteredClips();
     if (!indexOf(displayed, m_store.panel().selectedClipID.value()))
         select(m_store, displayed, 0);
 }

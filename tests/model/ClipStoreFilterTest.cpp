@@ -167,5 +167,41 @@ namespace {
         }
     }
 
+    TEST(ClipStoreFilterTest, EachLetterThatIsTypedOrTakenBackShowsWhatAFreshSearchShows)
+    {
+        FilterFixture f;
+        for (const auto* text : { "garden", "gar", "Gärten", "🌱 GARDEN", "a", "dengar" })
+            f.add(text);
+
+        for (const auto* search : { "", "g", "ga", "gar", "gard", "gar", "g\u0301", "", "den" }) {
+            f.search(search);
+            const auto asTyped = f.shown();
+            f.choose(FilterTab::pinned);
+            f.shown();
+            f.choose(FilterTab::all);
+            EXPECT_EQ(asTyped, f.shown()) << search;
+        }
+    }
+
+    TEST(ClipStoreFilterTest, AChangeOfTheListIsSeenThoughTabAndSearchStayTheSame)
+    {
+        FilterFixture f;
+        const auto first = f.add("first word");
+        const auto other = f.add("other");
+        f.search("word");
+        EXPECT_EQ(f.shown(), (Texts { "first word" }));
+
+        f.add("second word");
+        EXPECT_EQ(f.shown(), (Texts { "second word", "first word" }));
+        f.store->rename(other, "a word for it");
+        EXPECT_EQ(f.shown(), (Texts { "second word", "other", "first word" }));
+        f.choose(FilterTab::pinned);
+        EXPECT_EQ(f.shown(), Texts {});
+        f.store->togglePin(first);
+        EXPECT_EQ(f.shown(), (Texts { "first word" }));
+        f.store->deleteClip(*f.store->find(first));
+        EXPECT_EQ(f.shown(), Texts {});
+    }
+
 } // namespace
 } // namespace korvane

@@ -145,16 +145,53 @@ namespace {
         EXPECT_FALSE(SearchNeedle("left\xFFright", english).occursIn(keys));
     }
 
+    const std::vector<std::string>& pieces()
+    {
+        static const std::vector<std::string> all { "a", "b", "e", "E", "é", "ê", "I", "İ", "ı",
+            "i", "ss", "ß", "中", "国", "👍", "각", "\u1100", " ", "\u0301", "\u0301", "\u0302",
+            "\u0323", "\u0345" };
+        return all;
+    }
+
+    TEST(SearchTextTest, WhatGoesOnAnEarlierSearchOccursOnlyWhereThatDoes)
+    {
+        test::RandomText random(2);
+        int found = 0;
+        for (int round = 0; round < 100000; ++round) {
+            const auto& locale = round % 2 == 0 ? english : turkish;
+            const auto typed = random.from(pieces(), 2);
+            const SearchNeedle earlier(typed, locale);
+            const auto typedOn = typed + random.from(pieces(), 2);
+            const SearchNeedle later(typedOn, locale);
+            const auto text = random.from(pieces(), 60);
+            const auto key = searchKey(text, locale);
+
+            if (later.extends(earlier) && later.occursIn(key)) {
+                ++found;
+                ASSERT_TRUE(earlier.occursIn(key)) << typed << ", " << typedOn << " in " << text;
+            }
+        }
+        EXPECT_GT(found, 1000);
+    }
+
+    TEST(SearchTextTest, ALetterMoreGoesOnTheSearchAndAMarkDoesNot)
+    {
+        const SearchNeedle cafe("cafe", english);
+
+        EXPECT_TRUE(SearchNeedle("Cafes", english).extends(cafe));
+        EXPECT_TRUE(cafe.extends(SearchNeedle("", english)));
+        EXPECT_FALSE(SearchNeedle("cafe\u0301", english).extends(cafe));
+        EXPECT_FALSE(SearchNeedle("caf", english).extends(cafe));
+        EXPECT_FALSE(cafe.extends(cafe));
+    }
+
     TEST(SearchTextTest, OccursWhereTheRuleSaysSo)
     {
-        const std::vector<std::string> pieces { "a", "b", "e", "E", "é", "ê", "I", "İ", "ı", "i",
-            "ss", "ß", "中", "国", "👍", "각", "\u1100", " ", "\u0301", "\u0301", "\u0302", "\u0323",
-            "\u0345" };
         test::RandomText random(1);
         for (int round = 0; round < 100000; ++round) {
             const auto& locale = round % 2 == 0 ? english : turkish;
-            const auto text = random.from(pieces, 60);
-            const auto typed = random.from(pieces, 3);
+            const auto text = random.from(pieces(), 60);
+            const auto typed = random.from(pieces(), 3);
             const auto key = searchKey(text, locale);
             const auto needle = searchKey(typed, locale);
 

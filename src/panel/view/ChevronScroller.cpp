@@ -11,9 +11,10 @@ namespace {
     }
 } // namespace
 
-ChevronScroller::ChevronScroller(MainLoop& loop, std::function<void(double offset)> scrollTo)
+ChevronScroller::ChevronScroller(
+    MainLoop& loop, const QWidget& list, std::function<void(double offset)> scrollTo)
     : m_scrollTo(std::move(scrollTo))
-    , m_glide(loop, 0, [this] { this->scrollTo(m_glide.value()); })
+    , m_glide(loop, list, 0, [this] { this->scrollTo(m_glide.value()); })
     , m_ticks(loop, [this] { tick(); })
 {
 }

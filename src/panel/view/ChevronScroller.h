@@ -14,8 +14,10 @@ namespace korvane {
 /// some rows at a click.
 class ChevronScroller {
 public:
-    /// @param scrollTo  scrolls the list to an offset; it answers by `measure` before it returns
-    ChevronScroller(MainLoop& loop, std::function<void(double offset)> scrollTo);
+    /// @param list      what is scrolled
+    /// @param scrollTo  scrolls it to an offset; it answers by `measure` before it returns
+    ChevronScroller(
+        MainLoop& loop, const QWidget& list, std::function<void(double offset)> scrollTo);
 
     /// The list's measures, whenever one has changed, whoever has changed it.
     void measure(double offset, double contentHeight, double containerHeight);

@@ -1,6 +1,7 @@
 #include "panel/view/ClipListAccess.h"
 
 #include "panel/PanelController.h"
+#include "panel/Selection.h"
 #include "panel/view/ClipListView.h"
 #include "panel/view/ClipRowAccess.h"
 
@@ -23,7 +24,7 @@ ClipListView* ClipListAccess::list() const
 int ClipListAccess::rowCount() const
 {
     auto* const shown = list();
-    return shown ? static_cast<int>(shown->shown().rows().size()) : 0;
+    return shown ? static_cast<int>(shown->store().filteredClips().size()) : 0;
 }
 
 /// The rows come first, and after them what the list holds as widgets: the field of a rename.
@@ -53,7 +54,7 @@ QAccessibleInterface* ClipListAccess::child(int index) const
         return nullptr;
     if (index >= count)
         return QAccessibleWidget::child(index - count);
-    const auto& id = list()->shown().rows()[static_cast<std::size_t>(index)].id;
+    const auto& id = list()->store().filteredClips()[static_cast<std::size_t>(index)]->id;
     auto found = m_rows.find(id);
     if (found == m_rows.end())
         found = m_rows.emplace(id, std::make_unique<ClipRowAccess>(*this, id)).first;
@@ -89,7 +90,7 @@ QString ClipListAccess::text(QAccessible::Text kind) const
 QAccessibleInterface* ClipListAccess::row(const std::optional<ClipId>& id) const
 {
     auto* const shown = list();
-    const auto index = shown ? shown->shown().indexOf(id) : std::nullopt;
+    const auto index = shown ? indexOf(shown->store().filteredClips(), id) : std::nullopt;
     return index ? child(static_cast<int>(*index)) : nullptr;
 }
 

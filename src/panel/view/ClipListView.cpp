@@ -3,6 +3,7 @@
 #include "panel/ClipScrollTracker.h"
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
+#include "panel/Selection.h"
 #include "panel/TabSwitcher.h"
 #include "panel/view/ClipRowMenu.h"
 #include "panel/view/EmptyListPainter.h"
@@ -38,7 +39,6 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
     , m_store(store)
     , m_controller(controller)
     , m_loop(loop)
-    , m_shown(store)
     , m_symbols(symbols)
     , m_rowView(symbols)
     , m_files(loop)
@@ -49,7 +49,7 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
                   update();
               } },
           this)
-    , m_opacity(loop, 1, [this] { update(); })
+    , m_opacity(loop, *this, 1, [this] { update(); })
 {
     setMouseTracking(true);
     setAccessibleName(QStringLiteral("Clips"));
@@ -58,17 +58,16 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
 
 void ClipListView::follow(PanelState& panel)
 {
-    m_connections.push_back(m_store.clipsChanged.connect([this] {
-        m_shown.forget();
-        listChanged();
-    }));
+    m_connections.push_back(m_store.clipsChanged.connect([this] { listChanged(); }));
     const auto toTop = [this](const auto&) {
         m_offset = 0;
         listChanged();
+        // Return pastes the selected clip: nobody should have to look for it.
+        if (const auto selected = indexOf(displayed(), m_selected))
+            bringIntoView(*selected);
     };
     m_connections.push_back(panel.panelSearch.onChange(toTop));
     m_connections.push_back(panel.panelFilterTab.onChange(toTop));
-    m_connections.push_back(panel.panelOpenCount.onChange(toTop));
     m_connections.push_back(panel.selectedClipID.onChange(
         [this](const auto& selected) { selectionChanged(selected); }));
     m_connections.push_back(panel.isTabSwitching.onChange([this](bool isSwitching) {
@@ -85,9 +84,9 @@ void ClipListView::follow(PanelState& panel)
     m_selected = panel.selectedClipID.value();
 }
 
-double ClipListView::contentHeight()
+double ClipListView::contentHeight() const
 {
-    const auto count = static_cast<double>(m_shown.rows().size());
+    const auto count = static_cast<double>(displayed().size());
     return count == 0 ? 0 : count * metrics::rowPitch - metrics::rowGap + 2 * metrics::listPaddingY;
 }
 
@@ -111,24 +110,24 @@ QRectF ClipListView::rowRect(std::size_t index) const
         static_cast<double>(metrics::rowHeight) };
 }
 
-std::optional<std::size_t> ClipListView::rowAt(const QPointF& point)
+std::optional<std::size_t> ClipListView::rowAt(const QPointF& point) const
 {
     const double y = point.y() + m_offset - metrics::listPaddingY;
     if (y < 0 || !rect().toRectF().contains(point))
         return std::nullopt;
     const auto index = static_cast<std::size_t>(y / metrics::rowPitch);
-    return index < m_shown.rows().size() && rowRect(index).contains(point) ? std::optional(index)
-                                                                           : std::nullopt;
+    return index < displayed().size() && rowRect(index).contains(point) ? std::optional(index)
+                                                                        : std::nullopt;
 }
 
 void ClipListView::beginRename(const ClipId& id)
 {
-    const auto index = m_shown.indexOf(id);
+    const auto index = indexOf(displayed(), id);
     if (!index)
         return;
     m_rename.giveUp();
     bringIntoView(*index);
-    m_rename.begin(*m_shown.rows()[*index].clip, titlePlace(*index));
+    m_rename.begin(*displayed()[*index], titlePlace(*index));
     settle();
     update();
 }
@@ -140,7 +139,7 @@ void ClipListView::openMenuOfSelectedRow()
 
 void ClipListView::openMenuOf(const std::optional<ClipId>& id)
 {
-    const auto index = m_shown.indexOf(id);
+    const auto index = indexOf(displayed(), id);
     if (!index)
         return;
     bringIntoView(*index);
@@ -169,7 +168,7 @@ void ClipListView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.setOpacity(m_opacity.value());
-    const auto& rows = m_shown.rows();
+    const auto& rows = displayed();
     if (rows.empty()) {
         paintEmptyList(painter, rect(), emptyText(),
             symbolOf(m_store.panel().panelFilterTab.value()), m_symbols, palette());
@@ -200,6 +199,8 @@ void ClipListView::showEvent(QShowEvent*)
         m_now = m_loop.now();
         update();
     });
+    m_offset = 0; // not where the last opening left it
+    centreSelection();
     settle();
 }
 
@@ -232,7 +233,7 @@ void ClipListView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     const auto index = rowAt(event->position());
-    m_pressed = index ? std::optional(m_shown.rows()[*index].id) : std::nullopt;
+    m_pressed = index ? std::optional(displayed()[*index]->id) : std::nullopt;
     updateRow(index);
 }
 
@@ -242,9 +243,9 @@ void ClipListView::mouseReleaseEvent(QMouseEvent* event)
         return;
     const auto pressed = std::exchange(m_pressed, std::nullopt);
     const auto index = rowAt(event->position());
-    updateRow(m_shown.indexOf(pressed));
+    updateRow(indexOf(displayed(), pressed));
     // By identifier: a new copy may have moved the rows while the button was down.
-    if (pressed && index && m_shown.rows()[*index].id == pressed)
+    if (pressed && index && displayed()[*index]->id == pressed)
         m_controller.click(*pressed);
 }
 
@@ -264,7 +265,7 @@ void ClipListView::listChanged()
     if (!isVisible())
         return; // looked at again when it is shown
     m_now = m_loop.now();
-    if (m_rename.clip() && !m_shown.indexOf(m_rename.clip()))
+    if (m_rename.clip() && !indexOf(displayed(), m_rename.clip()))
         m_rename.giveUp();
     settle();
     update();
@@ -272,23 +273,19 @@ void ClipListView::listChanged()
 
 void ClipListView::selectionChanged(const std::optional<ClipId>& selected)
 {
-    updateRow(m_shown.indexOf(std::exchange(m_selected, selected)));
-    const auto index = m_shown.indexOf(selected);
-    if (!index)
-        return;
-    if (m_store.panel().scrollsToSelection)
-        centre(*index);
+    updateRow(indexOf(displayed(), std::exchange(m_selected, selected)));
+    centreSelection();
     settle();
-    updateRow(index);
+    updateRow(indexOf(displayed(), m_selected));
 }
 
 /// Brings everything that follows from the rows and their places up to date.
 void ClipListView::settle()
 {
     m_offset = std::clamp(m_offset, 0.0, largestScrollOffset(contentHeight(), height()));
-    if (const auto selected = m_shown.indexOf(m_selected))
+    if (const auto selected = indexOf(displayed(), m_selected))
         m_store.panel().selectedRowMidY = metrics::listTop + rowRect(*selected).center().y();
-    if (const auto renamed = m_shown.indexOf(m_rename.clip()))
+    if (const auto renamed = indexOf(displayed(), m_rename.clip()))
         m_rename.setGeometry(titlePlace(*renamed));
     hoverAt(m_pointer);
     measured();
@@ -297,6 +294,12 @@ void ClipListView::settle()
 QRect ClipListView::titlePlace(std::size_t index)
 {
     return m_rowView.titleRect(rowRect(index), row(index)).toAlignedRect();
+}
+
+void ClipListView::centreSelection()
+{
+    if (const auto selected = indexOf(displayed(), m_selected))
+        centre(*selected);
 }
 
 void ClipListView::centre(std::size_t index)
@@ -328,7 +331,7 @@ void ClipListView::updateRow(std::optional<std::size_t> index)
 
 QMenu* ClipListView::openMenu(std::size_t index, const QPoint& at)
 {
-    const auto& clip = *m_shown.rows()[index].clip;
+    const auto& clip = *displayed()[index];
     const double rowMidY = metrics::listTop + rowRect(index).center().y();
     auto* menu = makeClipRowMenu(
         clip, m_controller, [this, id = clip.id] { beginRename(id); }, rowMidY, this);
@@ -342,8 +345,8 @@ QMenu* ClipListView::openMenu(std::size_t index, const QPoint& at)
 void ClipListView::setMenuRow(std::optional<ClipId> id)
 {
     updateRow(m_hovered);
-    updateRow(m_shown.indexOf(std::exchange(m_menuRow, id)));
-    updateRow(m_shown.indexOf(id));
+    updateRow(indexOf(displayed(), std::exchange(m_menuRow, id)));
+    updateRow(indexOf(displayed(), id));
 }
 
 bool ClipListView::isMissing(const ClipItem& clip)
@@ -360,7 +363,8 @@ EmptyList ClipListView::emptyText() const
 
 ClipRow ClipListView::row(std::size_t index)
 {
-    const auto& [id, clip] = m_shown.rows()[index];
+    const auto* const clip = displayed()[index];
+    const auto& id = clip->id;
     return { .clip = *clip,
         .shortcutIndex = index,
         .isSelected = m_selected == id,

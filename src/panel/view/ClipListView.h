@@ -7,7 +7,6 @@
 #include "panel/view/ClipRowView.h"
 #include "panel/view/EasedValue.h"
 #include "panel/view/RenameField.h"
-#include "panel/view/ShownClips.h"
 
 #include <QPointF>
 #include <QWidget>
@@ -34,7 +33,7 @@ public:
 
     /// How far the list is scrolled, and what it could be scrolled through, in points.
     double offset() const { return m_offset; }
-    double contentHeight();
+    double contentHeight() const;
     /// Scrolls, no further than to the list's ends.
     void setOffset(double offset);
     /// What there is of the list, what is seen of it, or how far it is scrolled may have changed.
@@ -42,7 +41,7 @@ public:
 
     /// Where the row at a place of the displayed list is; it need not be in view.
     QRectF rowRect(std::size_t index) const;
-    std::optional<std::size_t> rowAt(const QPointF& point);
+    std::optional<std::size_t> rowAt(const QPointF& point) const;
 
     bool isRenaming() const { return m_rename.clip().has_value(); }
     /// Puts a field in the place of the clip's title.
@@ -55,7 +54,6 @@ public:
     void openMenuOf(const std::optional<ClipId>& id);
 
     /// What stands behind the rows, for those who do not see them.
-    ShownClips& shown() { return m_shown; }
     ClipStore& store() const { return m_store; }
     PanelController& controller() const { return m_controller; }
     MainLoop& loop() const { return m_loop; }
@@ -81,8 +79,10 @@ private:
     void follow(PanelState& panel);
     void listChanged();
     void selectionChanged(const std::optional<ClipId>& selected);
+    const std::vector<const ClipItem*>& displayed() const { return m_store.filteredClips(); }
     void settle();
     QRect titlePlace(std::size_t index);
+    void centreSelection();
     void centre(std::size_t index);
     void bringIntoView(std::size_t index);
     void hoverAt(std::optional<QPointF> pointer);
@@ -94,7 +94,6 @@ private:
     ClipStore& m_store;
     PanelController& m_controller;
     MainLoop& m_loop;
-    ShownClips m_shown;
     Symbols& m_symbols;
     ClipRowView m_rowView;
     MissingFiles m_files;

@@ -2,6 +2,7 @@
 
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
+#include "panel/Selection.h"
 #include "panel/view/ClipListAccess.h"
 #include "panel/view/ClipListView.h"
 
@@ -26,7 +27,7 @@ ClipRowAccess::ClipRowAccess(const ClipListAccess& list, const ClipId& id)
 std::optional<int> ClipRowAccess::index() const
 {
     auto* const list = m_list.list();
-    const auto index = list ? list->shown().indexOf(m_id) : std::nullopt;
+    const auto index = list ? indexOf(list->store().filteredClips(), m_id) : std::nullopt;
     return index ? std::optional(static_cast<int>(*index)) : std::nullopt;
 }
 
@@ -41,14 +42,14 @@ QString ClipRowAccess::text(QAccessible::Text kind) const
     if (!place)
         return {};
     auto& list = *m_list.list();
-    const auto& rows = list.shown().rows();
+    const auto& rows = list.store().filteredClips();
     const auto row = static_cast<std::size_t>(*place);
-    if (kind == QAccessible::Description && list.isMissing(*rows[row].clip))
+    if (kind == QAccessible::Description && list.isMissing(*rows[row]))
         return QString::fromUtf8(paneltexts::missingFileToolTip);
     if (kind != QAccessible::Name)
         return {};
     return QString::fromStdString(
-        paneltexts::rowDescription(*rows[row].clip, list.loop().now(), row, rows.size()));
+        paneltexts::rowDescription(*rows[row], list.loop().now(), row, rows.size()));
 }
 
 QAccessible::State ClipRowAccess::state() const

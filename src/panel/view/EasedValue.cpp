@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QStyle>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -13,9 +14,8 @@ namespace korvane {
 namespace {
 
     /// How long the screen shows one picture.
-    std::chrono::milliseconds frame()
+    std::chrono::milliseconds frameOf(const QScreen* screen)
     {
-        const auto* screen = QGuiApplication::primaryScreen();
         const double rate = screen != nullptr ? screen->refreshRate() : 0;
         return std::chrono::milliseconds { rate > 0 ? std::clamp(std::lround(1000 / rate), 4L, 40L)
                                                     : 16 };
@@ -23,8 +23,10 @@ namespace {
 
 } // namespace
 
-EasedValue::EasedValue(MainLoop& loop, double value, std::function<void()> changed)
+EasedValue::EasedValue(
+    MainLoop& loop, const QWidget& widget, double value, std::function<void()> changed)
     : m_loop(loop)
+    , m_widget(widget)
     , m_changed(std::move(changed))
     , m_value(value)
     , m_from(value)
@@ -47,7 +49,7 @@ void EasedValue::goTo(double target, std::chrono::milliseconds duration)
     m_began = m_loop.now();
     m_duration = duration;
     if (isAnimated())
-        m_tick = m_loop.every(frame(), [this] { step(); });
+        m_tick = m_loop.every(frameOf(m_widget.screen()), [this] { step(); });
     else
         setNow(target);
 }

@@ -5,15 +5,18 @@
 #include <chrono>
 #include <functional>
 
+class QWidget;
+
 namespace korvane {
 
 /// A number that goes to another one in a given time, fast at first and ever slower, from wherever it
-/// is just then, with a step for each frame of the screen. While it stands still it costs nothing; on
+/// is just then, with a step for each frame of its screen. While it stands still it costs nothing; on
 /// a desktop that wants no animations it is there at once.
 class EasedValue {
 public:
+    /// @param widget   where it is seen; it must outlive us
     /// @param changed  called with each step
-    EasedValue(MainLoop& loop, double value, std::function<void()> changed);
+    EasedValue(MainLoop& loop, const QWidget& widget, double value, std::function<void()> changed);
 
     /// Whether the user wants things to move.
     static bool isAnimated();
@@ -27,6 +30,7 @@ private:
     void step();
 
     MainLoop& m_loop;
+    const QWidget& m_widget;
     std::function<void()> m_changed;
     double m_value;
     double m_from;

@@ -76,7 +76,7 @@ FilterTabBar::FilterTabBar(ClipStore& store, MainLoop& loop, Symbols& symbols,
     setAccessibleName(QStringLiteral("Filter"));
     auto& panel = store.panel();
     for (const auto tab : allFilterTabs)
-        m_chosen.emplace_back(loop, tab == panel.shownTab() ? 1 : 0, [this] { update(); });
+        m_chosen.emplace_back(loop, *this, tab == panel.shownTab() ? 1 : 0, [this] { update(); });
     const auto follow = [this](const auto&) { shownTabChanged(); };
     m_connections.push_back(panel.tabDisplayed.onChange(follow));
     m_connections.push_back(panel.panelFilterTab.onChange(follow));

@@ -14,7 +14,7 @@ namespace {
 ListChevrons::ListChevrons(ClipListView& list, PanelController& controller, MainLoop& loop,
     Symbols& symbols, QWidget* parent)
     : m_list(list)
-    , m_scroller(loop, [&list](double offset) { list.setOffset(offset); })
+    , m_scroller(loop, list, [&list](double offset) { list.setOffset(offset); })
     , m_upShadow(parent)
     , m_downShadow(parent)
     , m_up(ScrollDirection::up, symbols, list, events(ScrollDirection::up), parent)

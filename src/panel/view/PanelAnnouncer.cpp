@@ -1,6 +1,7 @@
 #include "panel/view/PanelAnnouncer.h"
 
 #include "panel/PanelTexts.h"
+#include "panel/Selection.h"
 #include "panel/view/ClipListAccess.h"
 #include "panel/view/ClipListView.h"
 #include "panel/view/FilterTabAccess.h"
@@ -75,12 +76,12 @@ void PanelAnnouncer::tellChanges()
 PanelAnnouncer::Told PanelAnnouncer::look() const
 {
     const auto& panel = m_store.panel();
-    const auto& rows = m_list.shown().rows();
+    const auto& rows = m_list.store().filteredClips();
     Told now { panel.shownTab(), panel.panelFilterTab.value(), panel.panelSearch.value(),
         rows.size(), panel.selectedClipID.value(), {} };
-    if (const auto index = m_list.shown().indexOf(now.selected)) {
-        now.title = paneltexts::rowTitle(*rows[*index].clip);
-        now.isPinned = rows[*index].clip->isPinned;
+    if (const auto index = indexOf(rows, now.selected)) {
+        now.title = paneltexts::rowTitle(*rows[*index]);
+        now.isPinned = rows[*index]->isPinned;
     }
     return now;
 }

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QStyle>
+#include <QWidget>
 
 namespace korvane {
 namespace {
@@ -45,7 +46,8 @@ namespace {
         ThemeFixture f;
         test::ManualLoop loop;
         int steps = 0;
-        EasedValue value { loop, 0, [&steps] { ++steps; } };
+        QWidget widget;
+        EasedValue value { loop, widget, 0, [&steps] { ++steps; } };
 
         f.isAnimated.set(false);
         value.goTo(1, std::chrono::milliseconds { 200 });

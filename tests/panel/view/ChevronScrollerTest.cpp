@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QWidget>
+
 #include <algorithm>
 
 namespace korvane {
@@ -27,7 +29,8 @@ namespace {
         double contentHeight = 1000;
         double offset = 0;
         int scrolls = 0;
-        ChevronScroller scroller { loop, [this](double to) {
+        QWidget list;
+        ChevronScroller scroller { loop, list, [this](double to) {
                                       ++scrolls;
                                       scrollTo(to);
                                   } };

@@ -137,17 +137,28 @@ namespace {
         EXPECT_EQ(f.list.offset(), before);
     }
 
-    TEST(ClipListViewTest, OpeningThePanelReturnsTheListToItsTop)
+    TEST(ClipListViewTest, AnOpeningBringsTheSelectedClipToTheMiddle)
+    {
+        ListFixture f(50);
+        f.list.hide();
+
+        f.controller.prepareToOpen("clip 30");
+        f.list.resize(metrics::panelWidth, 200); // the panel is made to fit the screen only now
+        f.list.show();
+
+        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(29));
+        EXPECT_EQ(f.middleOf(29).y(), 100);
+    }
+
+    TEST(ClipListViewTest, AnOpeningWithoutASelectionReturnsTheListToItsTop)
     {
         ListFixture f(50);
         f.list.setOffset(700);
         f.list.hide();
 
-        f.controller.prepareToOpen("clip 30");
         f.list.show();
 
         EXPECT_EQ(f.list.offset(), 0);
-        EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(29));
     }
 
     TEST(ClipListViewTest, ASearchShowsItsFirstHitsAtTheTop)
@@ -159,6 +170,16 @@ namespace {
 
         EXPECT_EQ(f.list.offset(), 0);
         EXPECT_EQ(f.list.contentHeight(), 11 * 50 - 2 + 8);
+    }
+
+    TEST(ClipListViewTest, ASearchThatKeepsTheSelectedClipKeepsItInView)
+    {
+        ListFixture f(50);
+        f.panel().selectedClipID.set(f.idAt(39));
+
+        f.panel().panelSearch.set("clip");
+
+        EXPECT_EQ(f.middleOf(39).y(), listHeight / 2.0);
     }
 
     TEST(ClipListViewTest, TheMiddleOfTheSelectedRowIsToldFromThePanelsTop)
@@ -323,26 +344,14 @@ namespace {
         EXPECT_NE(inkOf(f.list), nothingYet);
     }
 
-    TEST(ClipListViewTest, AClipFoundLateAtAnOpeningLeavesTheListAtItsTop)
+    TEST(ClipListViewTest, AClipFoundLateAtAnOpeningIsBroughtToTheMiddle)
     {
         ListFixture f(50);
 
         f.controller.selectText("clip 40");
 
         EXPECT_EQ(f.selected(), "clip 40");
-        EXPECT_EQ(f.list.offset(), 0);
-    }
-
-    TEST(ClipListViewTest, AClipFoundLateLeavesAListThatTheUserHasScrolled)
-    {
-        ListFixture f(50);
-        const auto openings = f.panel().panelOpenCount.value();
-        f.list.setOffset(300);
-
-        f.controller.selectText("clip 40");
-
-        EXPECT_EQ(f.list.offset(), 300);
-        EXPECT_EQ(f.panel().panelOpenCount.value(), openings);
+        EXPECT_EQ(f.middleOf(39).y(), listHeight / 2.0);
     }
 
     TEST(ClipListViewTest, WhileTheTabIsSwitchedTheListFadesAwayAndBack)

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QWidget>
+
 namespace korvane {
 namespace {
 
@@ -12,7 +14,8 @@ namespace {
     struct EasedFixture {
         test::ManualLoop loop;
         int steps = 0;
-        EasedValue value { loop, 0, [this] { ++steps; } };
+        QWidget widget;
+        EasedValue value { loop, widget, 0, [this] { ++steps; } };
     };
 
     TEST(EasedValueTest, ItArrivesAfterTheTimeAndStandsStillThen)
