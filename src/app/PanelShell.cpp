@@ -78,8 +78,8 @@ bool PanelShell::isPanelVisible() const
 
 void PanelShell::showPreview(const ClipItem& clip, std::optional<double> rowMidY)
 {
-    if (!m_panel)
-        return;
+    if (!m_panel || !m_panel->isVisible())
+        return; // it stands beside the panel
     if (!m_preview)
         m_preview = &m_world.makePreview();
     m_preview->setClip(clip);

@@ -66,6 +66,16 @@ namespace {
         EXPECT_FALSE(f.preview->isShown);
     }
 
+    TEST(PanelShellTest, BesideAPanelThatIsClosedThereIsNoPreview)
+    {
+        ShellFixture f;
+        f.copy("text");
+
+        f.shell().showPreview(f.app->clipStore().clips()[0], 200);
+
+        EXPECT_FALSE(f.shell().isPreviewVisible());
+    }
+
     TEST(PanelShellTest, ClicksAreWatchedExactlyWhileThePanelIsOpen)
     {
         ShellFixture f;

@@ -1,9 +1,11 @@
 #include "app/Paster.h"
 
+#include "model/HistoryFile.h"
 #include "support/AppFixture.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 namespace korvane {
@@ -259,6 +261,23 @@ namespace {
         f.panelController->reveal(clip.id);
 
         EXPECT_EQ(f.desktop.revealed, (std::vector<std::string> { *clip.overflowPath }));
+    }
+
+    TEST(PasterTest, NothingIsRevealedOfALargeClipWithoutAPath)
+    {
+        test::AppFixture f;
+        ClipItem clip;
+        clip.text = "its beginning";
+        clip.isOverflow = true;
+        const auto folder = f.folder.path() / "com.VNT.Korvane";
+        std::filesystem::create_directory(folder);
+        ASSERT_FALSE(HistoryFile(folder / "clips.json").save(std::array { clip }));
+        f.launch();
+        ASSERT_EQ(f.clipCount(), 1U);
+
+        f.panelController->reveal(f.app->clipStore().clips()[0].id);
+
+        EXPECT_TRUE(f.desktop.revealed.empty());
     }
 
     TEST(PasterTest, ATextOutlivesTheProgramThatItWasCopiedFrom)

@@ -69,6 +69,29 @@ class KeysTest(DesktopTest):
         self.keys.press("Return")
         self.expect_pasted("banana")
 
+    def test_a_dead_key_and_a_letter_are_one_letter_of_the_search(self):
+        self.keys.lay_out("us", "intl")
+        self.addCleanup(self.keys.lay_out, "us")
+        self.start("cafe", "café")
+        for key in ("c", "a", "f", "dead_acute", "e", "Up"):
+            self.keys.press(key)
+        self.expect_on_clipboard("café")
+
+    def test_a_dead_key_and_a_letter_are_one_letter_of_a_name(self):
+        self.keys.lay_out("us", "intl")
+        self.addCleanup(self.keys.lay_out, "us")
+        self.start("a drink")
+        self.keys.press("Shift_L", "F10")
+        wait_for("the menu of the row", lambda: len(self.korvane.windows()) == 2)
+        self.keys.press("Home")
+        for _ in range(3):
+            self.keys.press("Down")  # to "Rename..."
+        self.keys.press("Return")
+        wait_for("the menu is closed", lambda: len(self.korvane.windows()) == 1)
+        for key in ("c", "a", "f", "dead_acute", "e", "Return"):
+            self.keys.press(key)
+        self.history.wait_for("the clip has its name", lambda clips: clips[0].get("customName") == "café")
+
     def test_escape_clears_the_search_first_and_closes_the_panel_then(self):
         self.start("apple", "banana")
         self.keys.type("ban")

@@ -74,6 +74,15 @@ class ScreenshotsTest(unittest.TestCase):
                          [name for name in names if "-dark-" in name])
 
 
+    def test_whoever_looks_sees_each_state_in_both_themes_and_sizes(self):
+        names = set(self.take("--list")[1].split())
+        states = ("empty", "typical", "odd-texts", "search-none", "private", "full-90", "renaming", "context-menu",
+                  "preview-right", "preview-left",
+                  *(f"tab-{tab}" for tab in ("pinned", "text", "url", "code", "email", "files", "emoji", "large")))
+        missing = {f"{state}-{theme}-{scale}x" for state in states for theme in ("light", "dark") for scale in (1, 2)} - names
+        self.assertEqual(missing, set())
+
+
 def share(rows, colour, tolerance):
     """How much of some rows of pixels is of about a colour, from 0 to 1."""
     red, green, blue = colour

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHoverEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -45,6 +46,15 @@ inline void click(QWidget& widget, const QPointF& at, Qt::MouseButton button = Q
     press(widget, at, button);
     release(widget, at, button);
 }
+/// Presses at one place, goes to another with the button held, and lets go there.
+inline void drag(QWidget& widget, const QPointF& from, const QPointF& to)
+{
+    press(widget, from);
+    QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+        Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+    release(widget, to);
+}
 inline void rightClick(QWidget& widget, const QPointF& at)
 {
     press(widget, at, Qt::RightButton);
@@ -61,6 +71,15 @@ inline void turnWheel(QWidget& widget, double notches)
         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &turn);
 }
+/// @param down   what a touchpad under two fingers tells, in points
+/// @param phase  none for a wheel that only claims to tell points
+inline void scrollPixels(QWidget& widget, int down, Qt::ScrollPhase phase = Qt::ScrollUpdate)
+{
+    const QPointF at = widget.rect().center();
+    QWheelEvent turn(at, widget.mapToGlobal(at), { 0, -down }, { 0, -120 }, Qt::NoButton,
+        Qt::NoModifier, phase, false);
+    QApplication::sendEvent(&widget, &turn);
+}
 inline void typeKey(QObject& receiver, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
     const QString& text = {})
 {
@@ -73,6 +92,16 @@ inline void typeText(QObject& receiver, const QString& text)
 {
     for (const auto character : text)
         typeKey(receiver, character.toUpper().unicode(), Qt::NoModifier, character);
+}
+
+/// An input method, or a dead key, has put a text together.
+inline void compose(QObject& receiver, const QString& preedit, const QString& committed)
+{
+    QInputMethodEvent composing(preedit, {});
+    QApplication::sendEvent(&receiver, &composing);
+    QInputMethodEvent done;
+    done.setCommitString(committed);
+    QApplication::sendEvent(&receiver, &done);
 }
 
 /// Counts how often a widget, or one within it, is painted.

@@ -59,15 +59,12 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
 void ClipListView::follow(PanelState& panel)
 {
     m_connections.push_back(m_store.clipsChanged.connect([this] { listChanged(); }));
-    const auto toTop = [this](const auto&) {
-        m_offset = 0;
+    const auto showAnew = [this](const auto&) {
+        toTop();
         listChanged();
-        // Return pastes the selected clip: nobody should have to look for it.
-        if (const auto selected = indexOf(displayed(), m_selected))
-            bringIntoView(*selected);
     };
-    m_connections.push_back(panel.panelSearch.onChange(toTop));
-    m_connections.push_back(panel.panelFilterTab.onChange(toTop));
+    m_connections.push_back(panel.panelSearch.onChange(showAnew));
+    m_connections.push_back(panel.panelFilterTab.onChange(showAnew));
     m_connections.push_back(panel.selectedClipID.onChange(
         [this](const auto& selected) { selectionChanged(selected); }));
     m_connections.push_back(panel.isTabSwitching.onChange([this](bool isSwitching) {
@@ -199,8 +196,7 @@ void ClipListView::showEvent(QShowEvent*)
         m_now = m_loop.now();
         update();
     });
-    m_offset = 0; // not where the last opening left it
-    centreSelection();
+    toTop(); // not where the last opening left it
     settle();
 }
 
@@ -274,9 +270,12 @@ void ClipListView::listChanged()
 void ClipListView::selectionChanged(const std::optional<ClipId>& selected)
 {
     updateRow(indexOf(displayed(), std::exchange(m_selected, selected)));
-    centreSelection();
+    const auto index = indexOf(displayed(), selected);
+    if (!index)
+        return;
+    centre(*index);
     settle();
-    updateRow(indexOf(displayed(), m_selected));
+    updateRow(index);
 }
 
 /// Brings everything that follows from the rows and their places up to date.
@@ -296,10 +295,13 @@ QRect ClipListView::titlePlace(std::size_t index)
     return m_rowView.titleRect(rowRect(index), row(index)).toAlignedRect();
 }
 
-void ClipListView::centreSelection()
+/// To the list's top, unless the selected clip is not seen from there: Return pastes it, and nobody
+/// should have to look for it.
+void ClipListView::toTop()
 {
+    m_offset = 0;
     if (const auto selected = indexOf(displayed(), m_selected))
-        centre(*selected);
+        bringIntoView(*selected);
 }
 
 void ClipListView::centre(std::size_t index)

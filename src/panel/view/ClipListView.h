@@ -82,7 +82,7 @@ private:
     const std::vector<const ClipItem*>& displayed() const { return m_store.filteredClips(); }
     void settle();
     QRect titlePlace(std::size_t index);
-    void centreSelection();
+    void toTop();
     void centre(std::size_t index);
     void bringIntoView(std::size_t index);
     void hoverAt(std::optional<QPointF> pointer);

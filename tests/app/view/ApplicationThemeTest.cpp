@@ -1,6 +1,10 @@
 #include "app/view/ApplicationTheme.h"
 
+#include "panel/view/ClipPanelView.h"
 #include "panel/view/EasedValue.h"
+#include "panel/view/PanelStyle.h"
+#include "panel/view/ViewFixture.h"
+#include "support/Input.h"
 #include "support/ManualLoop.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +15,8 @@
 
 namespace korvane {
 namespace {
+
+    using namespace std::chrono_literals;
 
     ColourScheme shown()
     {
@@ -60,6 +66,48 @@ namespace {
         loop.advance(std::chrono::milliseconds { 220 });
         EXPECT_EQ(value.value(), 0);
         EXPECT_GT(steps, 5);
+    }
+
+    struct StillPanelFixture : test::ViewFixture {
+        StillPanelFixture()
+        {
+            theme.isAnimated.set(false);
+            addNumbered(50);
+            view.resize(metrics::panelWidth, 470);
+            view.show();
+            test::settle();
+        }
+
+        ThemeFixture theme;
+        ClipPanelView view { store, controller, loop, {} };
+    };
+
+    TEST(ApplicationThemeTest,
+        WithoutAnimationsTheChipIsAtItsTabAtOnceAndTheRowsStandUntilTheNewCome)
+    {
+        StillPanelFixture f;
+        const double chosen = f.view.tabs().chip(FilterTab::all).width();
+        const auto before = f.view.list().grab().toImage();
+
+        f.controller.switchTab(FilterTab::code);
+
+        EXPECT_NEAR(f.view.tabs().chip(FilterTab::all).width(), 29, 0.01);
+        EXPECT_GT(f.view.tabs().chip(FilterTab::code).width(), chosen);
+        f.loop.advance(220ms);
+        EXPECT_EQ(f.view.list().grab().toImage(), before);
+        f.loop.advance(20ms);
+        EXPECT_NE(f.view.list().grab().toImage(), before);
+        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::code);
+    }
+
+    TEST(ApplicationThemeTest, WithoutAnimationsAClickOnAChevronIsThereAtOnce)
+    {
+        StillPanelFixture f;
+        f.preferences.set(keys::chevronActivation, std::string("click"));
+
+        test::click(f.view.chevrons().down(), { 14, 10 });
+
+        EXPECT_EQ(f.view.list().offset(), 200);
     }
 
     TEST(ApplicationThemeTest, TheAutomaticThemeFollowsTheDesktop)

@@ -27,19 +27,19 @@ TYPICAL = (*SECOND, point(row(3)), until_rows(8))
 
 def full(name, count, most, colour):
     return Scene(f"full-{name}", histories.numbered(count), (until_rows(count), *colour),
-                 preferences={"maxClips": most, "maxTotalSizeMB": 10000})
+                 scales=BOTH, preferences={"maxClips": most, "maxTotalSizeMB": 10000})
 
 
 def of_tab(number, name):
     steps = (until_rows(8), press("Tab", times=number), until_tab(number), until_rows(ROWS_OF_TAB[name]))
-    return Scene(f"tab-{name}", steps=steps)
+    return Scene(f"tab-{name}", steps=steps, scales=BOTH)
 
 
 SCENES = [
     Scene("empty", histories.nothing, (until_tab(0), until_rows(0), until_hint()), scales=BOTH),
     Scene("typical", steps=TYPICAL, scales=EVERY),
     Scene("odd-texts", histories.odd, (until_rows(13),), scales=BOTH, preferences={"maxClipSizeKB": 2048}),
-    Scene("search-hits", steps=(until_rows(8), enter("chrom"), until_rows(2), until_selected(0))),
+    Scene("search-hits", steps=(until_rows(8), enter("chrom"), until_rows(2), until_selected(0)), scales=BOTH),
     Scene("search-none", steps=(until_rows(8), enter("xyzzyx"), until_rows(0), until_hint()), scales=BOTH),
     Scene("private", steps=(until_colour("orange", *HEADER), *TYPICAL), scales=BOTH, preferences={"privateModeEnabled": True}),
     full("49", 4, 100, (until_colour("accent", *TOTALS),)),
@@ -72,4 +72,6 @@ SCENES = [
 ]
 
 # Scene, theme and scale of the pictures of the README, and their names there.
-README = {"panel.png": ("preview-right", "light", 2), "panel-dark.png": ("preview-right", "dark", 2)}
+README = {name + ending + ".png": (scene, theme, 2)
+          for name, scene in (("panel", "preview-right"), ("search", "search-hits"), ("menu", "context-menu"))
+          for ending, theme in (("", "light"), ("-dark", "dark"))}

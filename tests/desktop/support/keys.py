@@ -1,5 +1,6 @@
 """Keyboard and mouse, by the XTEST extension: for every program the same as the user's own."""
 
+import subprocess
 import time
 
 from Xlib import XK, X
@@ -8,6 +9,7 @@ from Xlib.ext import xtest
 from support.waiting import NotObserved, wait_for
 
 XK.load_keysym_group("xf86")
+XK.load_keysym_group("xkb")
 # How characters that are no names of keys are called.
 NAMES = {" ": "space", "\n": "Return", "-": "minus", ".": "period", "/": "slash", "@": "at", ":": "colon", "_": "underscore"}
 
@@ -25,6 +27,16 @@ class Keys:
             if level in (0, 1):
                 return code, level == 1
         raise LookupError(f"no key on this keyboard says {name!r}")
+
+    def lay_out(self, *layout):
+        """Gives the keyboard a layout, and a variant of it if one is named."""
+        subprocess.run(["setxkbmap", *layout], check=True)
+        self.display.sync()
+        # The display answers by its own copy of the map until it hears of another.
+        while self.display.pending_events():
+            event = self.display.next_event()
+            if event.type == X.MappingNotify:
+                self.display.refresh_keyboard_mapping(event)
 
     def event(self, kind, detail, x=0, y=0):
         xtest.fake_input(self.display, kind, detail, x=x, y=y)

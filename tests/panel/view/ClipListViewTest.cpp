@@ -107,6 +107,25 @@ namespace {
         EXPECT_EQ(f.list.offset(), 75);
     }
 
+    TEST(ClipListViewTest, ATouchpadScrollsByAsManyPointsAsItTells)
+    {
+        ListFixture f(50);
+
+        test::scrollPixels(f.list, 37);
+        EXPECT_EQ(f.list.offset(), 37);
+        test::scrollPixels(f.list, -7);
+        EXPECT_EQ(f.list.offset(), 30);
+    }
+
+    TEST(ClipListViewTest, TheSameFromAWheelIsANotch)
+    {
+        ListFixture f(50);
+
+        test::scrollPixels(f.list, 37, Qt::NoScrollPhase);
+
+        EXPECT_EQ(f.list.offset(), 100);
+    }
+
     TEST(ClipListViewTest, TheSelectedClipIsBroughtToTheMiddle)
     {
         ListFixture f(50);
@@ -137,7 +156,20 @@ namespace {
         EXPECT_EQ(f.list.offset(), before);
     }
 
-    TEST(ClipListViewTest, AnOpeningBringsTheSelectedClipToTheMiddle)
+    TEST(ClipListViewTest, AnOpeningReturnsTheListToItsTop)
+    {
+        ListFixture f(50);
+        f.list.setOffset(700);
+        f.list.hide();
+
+        f.controller.prepareToOpen("clip 5");
+        f.list.show();
+
+        EXPECT_EQ(f.selected(), "clip 5"); // of the six that are in view there
+        EXPECT_EQ(f.list.offset(), 0);
+    }
+
+    TEST(ClipListViewTest, AnOpeningBringsASelectedClipThatIsFurtherDownToTheMiddle)
     {
         ListFixture f(50);
         f.list.hide();

@@ -8,6 +8,9 @@
 
 #include <QLineEdit>
 
+#include <functional>
+#include <vector>
+
 namespace korvane {
 namespace {
 
@@ -29,7 +32,11 @@ namespace {
                 test::typeKey(field(), key, Qt::NoModifier, text);
         }
 
-        ClipPanelView view { store, controller, loop, {} };
+        /// What a field has asked of the clipboard and not been told yet.
+        std::vector<std::function<void(QString)>> questions;
+        ClipPanelView view { store, controller, loop, [this](std::function<void(QString)> answer) {
+                                questions.push_back(std::move(answer));
+                            } };
     };
 
     TEST(ClipRenameTest, AFieldStandsWhereTheTitleStood)
@@ -64,6 +71,29 @@ namespace {
 
         EXPECT_EQ(f.name(), " ");
         EXPECT_TRUE(f.host.previews.empty());
+    }
+
+    TEST(ClipRenameTest, ANameCanBePutTogetherByAnInputMethod)
+    {
+        RenameFixture f;
+
+        test::compose(f.field(), QStringLiteral("´"), QString::fromUtf8("é"));
+        f.view.list().submitRename();
+
+        EXPECT_EQ(f.name(), "é");
+    }
+
+    TEST(ClipRenameTest, ANameCanBePastedAndWaitsForNobody)
+    {
+        RenameFixture f;
+
+        test::typeKey(f.field(), Qt::Key_V, Qt::ControlModifier);
+        ASSERT_EQ(f.questions.size(), 1U);
+        EXPECT_EQ(f.field().text(), QString());
+        f.questions.front()(QStringLiteral("pasted"));
+        f.view.list().submitRename();
+
+        EXPECT_EQ(f.name(), "pasted");
     }
 
     TEST(ClipRenameTest, EscapeGivesUpAndLeavesThePanelOpen)

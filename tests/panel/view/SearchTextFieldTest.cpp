@@ -205,14 +205,27 @@ namespace {
     {
         SearchFixture f;
 
-        QInputMethodEvent composing(QStringLiteral("vie"), {});
-        QApplication::sendEvent(&f.search.field(), &composing);
-        EXPECT_EQ(f.searched(), "");
-        QInputMethodEvent committed;
-        committed.setCommitString(QString::fromUtf8("việt"));
-        QApplication::sendEvent(&f.search.field(), &committed);
+        std::vector<std::string> searches;
+        const auto connection = f.panel().panelSearch.onChange(
+            [&searches](const std::string& text) { searches.push_back(text); });
 
-        EXPECT_EQ(f.searched(), "việt");
+        test::compose(f.search.field(), QStringLiteral("vie"), QString::fromUtf8("việt"));
+
+        EXPECT_EQ(searches, (std::vector<std::string> { "việt" }));
+    }
+
+    TEST(SearchTextFieldTest, ADragSelectsWhatTheNextLetterReplaces)
+    {
+        SearchFixture f;
+        test::typeText(f.search.field(), QStringLiteral("abcdef"));
+        auto& field = f.search.field();
+        const double middle = field.height() / 2.0;
+
+        test::drag(field, { field.width() - 2.0, middle }, { 1, middle });
+        EXPECT_EQ(field.selectedText(), QStringLiteral("abcdef"));
+        test::typeText(field, QStringLiteral("x"));
+
+        EXPECT_EQ(f.searched(), "x");
     }
 
     TEST(SearchTextFieldTest, AClickBesideTheLineLeadsIntoIt)

@@ -68,6 +68,15 @@ namespace {
         }
     }
 
+    TEST_P(PanelStyleTest, ANameThatIsTypedStandsOutInItsField)
+    {
+        const auto& colours = panelColours(GetParam());
+        // The field stands on its row, which may be the selected one.
+        for (const auto& row : { colours.panel, over(colours.panel, colours.hover),
+                 over(colours.panel, colours.selection) })
+            EXPECT_GE(contrast(colours.text, over(row, colours.field)), 4.5);
+    }
+
     TEST_P(PanelStyleTest, TextsStandOutInMenusAndToolTips)
     {
         const auto palette = applicationPalette(GetParam());
