@@ -72,7 +72,7 @@ void ApplicationTheme::dress()
 
 QPalette applicationPalette(ColourScheme scheme)
 {
-    const auto& colours = panelColours(scheme);
+    const auto& colours = coloursOf(scheme);
     const bool isDark = scheme == ColourScheme::dark;
     QPalette palette(colours.panel);
     palette.setColor(QPalette::Window, colours.panel);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Windows.h"
+#include "look/view/Colours.h"
 #include "model/Signal.h"
-#include "panel/view/PanelStyle.h"
 
 #include <QPalette>
 

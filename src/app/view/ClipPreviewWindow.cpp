@@ -3,7 +3,7 @@
 #include "app/PreviewPlacement.h"
 #include "app/view/TrayScreens.h"
 #include "panel/view/ClipPreviewView.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <utility>
 

@@ -1,8 +1,9 @@
 #include "app/view/KorPanel.h"
 
 #include "app/view/KeyEvents.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/RoundedRegion.h"
+#include "look/view/Colours.h"
+#include "look/view/RoundedRegion.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -102,7 +103,7 @@ void KorPanel::paintEvent(QPaintEvent* event)
 
 void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     const auto panel = rect().marginsRemoved(m_margins);
     if (!panel.contains(dirty))
         m_shadow.paint(painter, panel, schemeOf(palette()) == ColourScheme::dark ? 0.55 : 0.32);
@@ -115,7 +116,7 @@ void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
 
 void KorPanel::paintOpaque(QPainter& painter)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     // The edge fills everything that the inner shape leaves over, so that no pixel of the cut-out
     // shape is left with the colour of neither.
     painter.fillRect(rect(), colours.panel);

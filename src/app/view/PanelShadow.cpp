@@ -1,6 +1,6 @@
 #include "app/view/PanelShadow.h"
 
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QImage>
 #include <QPainter>

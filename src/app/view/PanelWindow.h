@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/view/WidgetWindow.h"
+#include "look/view/PanelLineEdit.h"
 #include "model/Signal.h"
-#include "panel/view/PanelLineEdit.h"
 
 #include <cstdint>
 #include <functional>

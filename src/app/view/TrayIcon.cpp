@@ -1,7 +1,8 @@
 #include "app/view/TrayIcon.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -34,14 +35,14 @@ namespace {
         // Four digits have no room; the tool tip tells the whole number.
         const auto text = QString::number(std::min(count, mostShown));
         const double scale = edge / 22.0;
-        auto font = panelFont(10, QFont::Bold);
+        auto font = textFont(10, QFont::Bold);
         font.setPixelSize(static_cast<int>((text.size() > 2 ? 8 : 10) * scale));
         const double height = 11 * scale;
         const double width = std::min(
             edge, std::max(height, QFontMetricsF(font).horizontalAdvance(text) + 4 * scale));
         const QRectF box(edge - width, edge - height, width, height);
 
-        const auto& colours = panelColours(ColourScheme::light);
+        const auto& colours = coloursOf(ColourScheme::light);
         painter.setPen(Qt::NoPen);
         painter.setBrush(colours.accent);
         painter.drawRoundedRect(box, 3 * scale, 3 * scale);

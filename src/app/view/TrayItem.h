@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Windows.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Symbols.h"
 
 #include <QMenu>
 #include <QPoint>

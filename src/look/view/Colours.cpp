@@ -1,8 +1,4 @@
-#include "panel/view/PanelStyle.h"
-
-#include <QFontDatabase>
-#include <QGuiApplication>
-#include <QScreen>
+#include "look/view/Colours.h"
 
 namespace korvane {
 
@@ -18,7 +14,7 @@ namespace {
 
     const QColor accentGreen { 28, 158, 117 }; // red 0.11, green 0.62, blue 0.46
 
-    PanelColours lightColours()
+    Colours lightColours()
     {
         const QColor text { 0x1d, 0x1f, 0x21 };
         const QColor secondary { 0x4f, 0x53, 0x58 };
@@ -47,7 +43,7 @@ namespace {
         };
     }
 
-    PanelColours darkColours()
+    Colours darkColours()
     {
         const QColor text { 0xec, 0xee, 0xef };
         const QColor secondary { 0xc4, 0xc9, 0xce };
@@ -76,19 +72,9 @@ namespace {
         };
     }
 
-    QFont inSize(QFont font, double size, QFont::Weight weight)
-    {
-        // Pixel sizes are whole numbers in this toolkit, point sizes are not: 72 of them are an inch.
-        const auto* screen = QGuiApplication::primaryScreen();
-        const auto perInch = screen ? screen->logicalDotsPerInchY() : 96.0;
-        font.setPointSizeF(size * 72.0 / perInch);
-        font.setWeight(weight);
-        return font;
-    }
-
 } // namespace
 
-const PanelColours& panelColours(ColourScheme scheme)
+const Colours& coloursOf(ColourScheme scheme)
 {
     static const auto light = lightColours();
     static const auto dark = darkColours();
@@ -100,16 +86,6 @@ ColourScheme schemeOf(const QPalette& palette)
     const auto ground = palette.color(QPalette::Active, QPalette::Window).lightness();
     const auto text = palette.color(QPalette::Active, QPalette::WindowText).lightness();
     return ground < text ? ColourScheme::dark : ColourScheme::light;
-}
-
-QFont panelFont(double size, QFont::Weight weight)
-{
-    return inSize(QGuiApplication::font(), size, weight);
-}
-
-QFont panelCodeFont(double size)
-{
-    return inSize(QFontDatabase::systemFont(QFontDatabase::FixedFont), size, QFont::Normal);
 }
 
 } // namespace korvane

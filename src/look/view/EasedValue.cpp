@@ -1,4 +1,4 @@
-#include "panel/view/EasedValue.h"
+#include "look/view/EasedValue.h"
 
 #include <QApplication>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "panel/view/ElidedText.h"
+#include "look/view/ElidedText.h"
 
 #include <QTextBoundaryFinder>
 

@@ -1,6 +1,6 @@
-#include "panel/view/PanelLineEdit.h"
+#include "look/view/PanelLineEdit.h"
 
-#include "panel/view/PanelMenu.h"
+#include "look/view/PanelMenu.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>

@@ -1,6 +1,8 @@
-#include "panel/view/PanelMenu.h"
+#include "look/view/PanelMenu.h"
 
-#include "panel/view/RoundedRegion.h"
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "look/view/RoundedRegion.h"
 
 #include <QAbstractButton>
 #include <QFontMetrics>
@@ -15,6 +17,8 @@
 namespace korvane {
 
 namespace {
+
+    constexpr int menuRadius = 12; // the same as the panel's
 
     constexpr int padding = 6;
     constexpr int lineHeight = 28;
@@ -65,7 +69,7 @@ namespace {
             if (element == PE_FrameMenu)
                 return; // drawn with the ground
             if (element == PE_PanelMenu)
-                drawGround(*painter, option->rect, panelColours(option->palette),
+                drawGround(*painter, option->rect, coloursOf(option->palette),
                     widget && !widget->mask().isEmpty());
             else
                 QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -87,9 +91,9 @@ namespace {
         /// @param isCut  the window is cut to its shape, which has whole pixels only: each needs a
         ///               colour, so the edge fills what the inner shape leaves over
         static void drawGround(
-            QPainter& painter, const QRect& place, const PanelColours& colours, bool isCut)
+            QPainter& painter, const QRect& place, const Colours& colours, bool isCut)
         {
-            constexpr double radius = metrics::panelRadius;
+            constexpr double radius = menuRadius;
             painter.save();
             painter.setCompositionMode(QPainter::CompositionMode_Source);
             painter.fillRect(place, isCut ? colours.panel : QColor(Qt::transparent));
@@ -114,7 +118,7 @@ namespace {
         static void drawLine(
             QPainter& painter, const QStyleOptionMenuItem& line, const QWidget* widget)
         {
-            const auto& colours = panelColours(line.palette);
+            const auto& colours = coloursOf(line.palette);
             if (line.menuItemType == QStyleOptionMenuItem::Separator) {
                 const auto middle = line.rect.center().y();
                 painter.fillRect(QRect(line.rect.left() + linePadding, middle,
@@ -146,8 +150,8 @@ namespace {
             const auto* menu = dynamic_cast<const PanelMenu*>(widget);
             const auto* action = menu ? menu->actionAt(line.rect.center()) : nullptr;
             return action && menu->toneOf(action) == PanelMenu::Tone::destructive
-                ? panelColours(palette).redText
-                : panelColours(palette).text;
+                ? coloursOf(palette).redText
+                : coloursOf(palette).text;
         }
     };
 
@@ -169,7 +173,7 @@ PanelMenu::PanelMenu(QWidget* opener)
     setWindowFlag(Qt::NoDropShadowWindowHint);
     setStyle(m_style.get());
     setPalette(opener->palette());
-    setFont(panelFont(textSize));
+    setFont(textFont(textSize));
 }
 
 PanelMenu::~PanelMenu() = default;
@@ -207,7 +211,7 @@ void PanelMenu::resizeEvent(QResizeEvent* event)
     if (m_opener.window()->mask().isEmpty())
         clearMask();
     else
-        setMask(roundedRegion(rect(), metrics::panelRadius));
+        setMask(roundedRegion(rect(), menuRadius));
 }
 
 } // namespace korvane

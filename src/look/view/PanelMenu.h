@@ -1,7 +1,5 @@
 #pragma once
 
-#include "panel/view/PanelStyle.h"
-
 #include <QMenu>
 
 #include <functional>

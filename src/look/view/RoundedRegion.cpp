@@ -1,4 +1,4 @@
-#include "panel/view/RoundedRegion.h"
+#include "look/view/RoundedRegion.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "panel/view/Symbols.h"
+#include "look/view/Symbols.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,7 +1,7 @@
 #include "panel/view/Chevron.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/Symbols.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -38,7 +38,7 @@ Chevron::Chevron(
 
 void Chevron::paintEvent(QPaintEvent*)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const auto shape = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "look/view/EasedValue.h"
 #include "model/Preferences.h"
 #include "panel/ChevronTicks.h"
 #include "panel/ClipScrollTracker.h"
-#include "panel/view/EasedValue.h"
 
 #include <functional>
 #include <optional>

@@ -1,5 +1,7 @@
 #include "panel/view/ClipListView.h"
 
+#include "look/view/PanelMenu.h"
+#include "look/view/Symbols.h"
 #include "panel/ClipScrollTracker.h"
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
@@ -8,9 +10,7 @@
 #include "panel/view/ClipRowMenu.h"
 #include "panel/view/EmptyListPainter.h"
 #include "panel/view/FilterTabBar.h"
-#include "panel/view/PanelMenu.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "look/view/EasedValue.h"
 #include "model/ClipStore.h"
 #include "model/MainLoop.h"
 #include "model/MissingFiles.h"
 #include "panel/EmptyList.h"
 #include "panel/view/ClipRowView.h"
-#include "panel/view/EasedValue.h"
 #include "panel/view/RenameField.h"
 
 #include <QPointF>

@@ -1,7 +1,7 @@
 #include "panel/view/ClipPanelView.h"
 
 #include "panel/PanelController.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QEvent>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hotkey/KeyCodes.h"
+#include "look/view/Symbols.h"
 #include "panel/view/ClipListView.h"
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/ListChevrons.h"
@@ -8,7 +9,6 @@
 #include "panel/view/PanelFooter.h"
 #include "panel/view/PanelHeader.h"
 #include "panel/view/SearchTextField.h"
-#include "panel/view/Symbols.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #include "panel/view/ClipPreviewView.h"
 
 #include "panel/PreviewText.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 #include "panel/view/ClipRowMenu.h"
 
+#include "look/view/PanelMenu.h"
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
-#include "panel/view/PanelMenu.h"
 
 #include <utility>
 

@@ -1,9 +1,11 @@
 #include "panel/view/ClipRowView.h"
 
+#include "look/view/Colours.h"
+#include "look/view/ElidedText.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 #include "panel/PanelTexts.h"
-#include "panel/view/ElidedText.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -38,7 +40,7 @@ namespace {
     constexpr auto oneLine
         = Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft;
 
-    const QColor& standingBack(const PanelColours& colours, const ClipRow& shown)
+    const QColor& standingBack(const Colours& colours, const ClipRow& shown)
     {
         return shown.isSelected ? colours.onSelection : colours.secondary;
     }
@@ -47,7 +49,7 @@ namespace {
     {
         return badge.isEmpty()
             ? 0
-            : std::ceil(QFontMetricsF(panelFont(metaSize)).horizontalAdvance(badge))
+            : std::ceil(QFontMetricsF(textFont(metaSize)).horizontalAdvance(badge))
                 + 2 * badgePaddingX;
     }
 
@@ -151,7 +153,7 @@ double ClipRowView::marksWidth(const ClipRow& shown) const
 void ClipRowView::paintGround(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
-    const auto& colours = panelColours(palette);
+    const auto& colours = coloursOf(palette);
     const auto fill = [&](const QColor& colour) {
         painter.setBrush(colour);
         painter.drawRoundedRect(row, metrics::rowRadius, metrics::rowRadius);
@@ -175,7 +177,7 @@ void ClipRowView::paintGround(
 void ClipRowView::paintKind(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
-    const auto& colours = panelColours(palette);
+    const auto& colours = coloursOf(palette);
     const auto box = kindRect(row);
     painter.setPen(Qt::NoPen);
     painter.setBrush(shown.isSelected ? colours.selectedIconGround : colours.icon);
@@ -187,14 +189,14 @@ void ClipRowView::paintKind(
 void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow& shown,
     TimePoint now, const QPalette& palette)
 {
-    const auto& colours = panelColours(palette);
+    const auto& colours = coloursOf(palette);
     const auto title = titleRect(row, shown);
     if (shown.isRenaming) {
         painter.setPen(colours.selectionEdge);
         painter.setBrush(colours.field);
         painter.drawRoundedRect(title.adjusted(-4.5, -2.5, 3.5, 1.5), 4, 4);
     } else {
-        auto font = panelFont(titleSize);
+        auto font = textFont(titleSize);
         font.setStrikeOut(shown.isMissing);
         painter.setFont(font);
         painter.setPen(shown.isMissing ? standingBack(colours, shown) : colours.text);
@@ -206,7 +208,7 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
         painter.drawText(title, oneLine | direction,
             elidedText(text, QFontMetricsF(painter.font()), title.width()));
     }
-    painter.setFont(panelFont(metaSize));
+    painter.setFont(textFont(metaSize));
     painter.setPen(standingBack(colours, shown));
     paintMeta(painter, { title.left(), row.top() + metaTop, title.width(), metaHeight },
         paneltexts::metaItems(shown.clip, now));
@@ -215,7 +217,7 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
 void ClipRowView::paintMarks(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
-    const auto& colours = panelColours(palette);
+    const auto& colours = coloursOf(palette);
     const auto badge = QString::fromUtf8(paneltexts::shortcutBadge(shown.shortcutIndex));
     double x = row.right() - sidePadding - marksWidth(shown);
     const auto mark = [&](std::string_view symbol, const QColor& colour) {
@@ -229,7 +231,7 @@ void ClipRowView::paintMarks(
         mark("pin.fill", colours.orange);
     if (badge.isEmpty())
         return;
-    painter.setFont(panelFont(metaSize));
+    painter.setFont(textFont(metaSize));
     const double height = std::ceil(metaSize * 1.25) + 2 * badgePaddingY;
     const QRectF box(x, std::round(row.center().y() - height / 2), badgeWidth(badge), height);
     painter.setPen(Qt::NoPen);

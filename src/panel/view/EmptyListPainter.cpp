@@ -1,8 +1,9 @@
 #include "panel/view/EmptyListPainter.h"
 
-#include "panel/view/ElidedText.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/ElidedText.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -28,7 +29,7 @@ namespace {
 void paintEmptyList(QPainter& painter, const QRectF& place, const EmptyList& said,
     std::string_view tabSymbol, Symbols& symbols, const QPalette& palette)
 {
-    const auto& colours = panelColours(palette);
+    const auto& colours = coloursOf(palette);
     const auto line
         = [&, y = place.top() + std::round((place.height() - wholeHeight) * shareAbove)](
               double from, double height) {
@@ -45,8 +46,8 @@ void paintEmptyList(QPainter& painter, const QRectF& place, const EmptyList& sai
     symbols.paint(painter, said.symbol.value_or(tabSymbol), line(0, symbolSize), symbolSize,
         colours.secondary);
     const auto title = line(symbolSize + symbolGap, titleHeight);
-    write(title, panelFont(13, QFont::Medium), colours.text, said.title);
-    write({ title.left(), title.bottom(), title.width(), hintHeight }, panelFont(11),
+    write(title, textFont(13, QFont::Medium), colours.text, said.title);
+    write({ title.left(), title.bottom(), title.width(), hintHeight }, textFont(11),
         colours.secondary, said.hint);
 }
 

@@ -1,9 +1,10 @@
 #include "panel/view/FilterTabBar.h"
 
+#include "look/view/Colours.h"
+#include "look/view/ElidedText.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 #include "panel/TabSwitcher.h"
-#include "panel/view/ElidedText.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -99,7 +100,7 @@ FilterTabBar::Chips FilterTabBar::chips() const
     const double available = width() - 2 * sidePadding;
     const double other = symbolSize + 2 * otherPadding;
     const auto others = static_cast<double>(allFilterTabs.size() - 1);
-    const QFontMetricsF font(panelFont(12, QFont::Medium));
+    const QFontMetricsF font(textFont(12, QFont::Medium));
     // A name too wide for the bar is cut short; the chips never leave it.
     const double most = available - others * (other + leastGap);
     std::array<double, allFilterTabs.size()> widths {};
@@ -151,12 +152,12 @@ void FilterTabBar::paintEvent(QPaintEvent*)
     const auto places = chips();
     for (const auto tab : allFilterTabs)
         paintChip(painter, tab, places[indexOf(tab)]);
-    painter.fillRect(QRect(0, height() - 1, width(), 1), panelColours(palette()).line);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), coloursOf(palette()).line);
 }
 
 void FilterTabBar::paintChip(QPainter& painter, FilterTab tab, const QRectF& place)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     const double chosen = m_chosen[indexOf(tab)].value();
     const auto fill = [&](const QColor& colour, double opacity) {
         painter.setOpacity(opacity);
@@ -190,7 +191,7 @@ void FilterTabBar::paintChip(QPainter& painter, FilterTab tab, const QRectF& pla
     draw(colours.onAccent, chosen);
     const auto text = place.adjusted(padding + symbolSize + titleGap, 0, -padding + 1, 0);
     painter.setOpacity(chosen);
-    painter.setFont(panelFont(12, QFont::Medium));
+    painter.setFont(textFont(12, QFont::Medium));
     painter.setPen(colours.onAccent);
     // On its way the chip uncovers the name; only one that has arrived cuts it short.
     painter.setClipRect(place);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "look/view/EasedValue.h"
 #include "model/ClipStore.h"
-#include "panel/view/EasedValue.h"
 
 #include <QRectF>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "panel/view/HeaderButton.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/Symbols.h"
 
 #include <QPainter>
 
@@ -38,7 +38,7 @@ void HeaderButton::setSymbol(std::string_view symbol, Tone tone)
 
 void HeaderButton::paintEvent(QPaintEvent*)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

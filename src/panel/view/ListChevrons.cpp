@@ -2,7 +2,7 @@
 
 #include "panel/PanelController.h"
 #include "panel/view/ClipListView.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 namespace korvane {
 

@@ -1,13 +1,14 @@
 #include "panel/view/PanelFooter.h"
 
-#include "panel/view/PanelStyle.h"
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
 
 #include <QPainter>
 
 namespace korvane {
 
 namespace {
-    QColor colourOf(paneltexts::FillLevel level, const PanelColours& colours)
+    QColor colourOf(paneltexts::FillLevel level, const Colours& colours)
     {
         switch (level) {
         case paneltexts::FillLevel::low:
@@ -38,10 +39,10 @@ PanelFooter::PanelFooter(ClipStore& store, QWidget* parent)
 
 void PanelFooter::paintEvent(QPaintEvent*)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.fillRect(QRect(0, 0, width(), 1), colours.line);
-    painter.setFont(panelFont(11, QFont::Medium));
+    painter.setFont(textFont(11, QFont::Medium));
     painter.setPen(colourOf(m_level, colours));
     painter.drawText(rect().adjusted(14, 1, -14, 0),
         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, m_totals);

@@ -1,10 +1,11 @@
 #include "panel/view/PanelHeader.h"
 
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "look/view/PanelMenu.h"
 #include "panel/ApplicationMenu.h"
 #include "panel/PanelController.h"
 #include "panel/PanelTexts.h"
-#include "panel/view/PanelMenu.h"
-#include "panel/view/PanelStyle.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -27,11 +28,11 @@ namespace {
 
     QFont nameFont()
     {
-        return panelFont(14, QFont::DemiBold);
+        return textFont(14, QFont::DemiBold);
     }
     QFont badgeFont()
     {
-        auto font = panelFont(badgeTextSize, QFont::Bold);
+        auto font = textFont(badgeTextSize, QFont::Bold);
         font.setLetterSpacing(QFont::AbsoluteSpacing, 0.3);
         return font;
     }
@@ -93,7 +94,7 @@ QRectF PanelHeader::badge() const
 
 void PanelHeader::paintEvent(QPaintEvent*)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.setFont(nameFont());
     painter.setPen(colours.text);

@@ -1,6 +1,6 @@
 #include "panel/view/PreviewTextView.h"
 
-#include "panel/view/PanelStyle.h"
+#include "look/view/Fonts.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -30,7 +30,7 @@ PreviewTextView::PreviewTextView(QWidget* parent)
 
 void PreviewTextView::setText(const QString& text, bool isCode)
 {
-    const auto wanted = isCode ? panelCodeFont(fontSize) : panelFont(fontSize);
+    const auto wanted = isCode ? codeFont(fontSize) : textFont(fontSize);
     if (text == m_text && isCode == m_isCode && wanted == font())
         return;
     m_isCode = isCode;

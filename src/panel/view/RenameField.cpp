@@ -1,7 +1,7 @@
 #include "panel/view/RenameField.h"
 
+#include "look/view/Fonts.h"
 #include "panel/PanelTexts.h"
-#include "panel/view/PanelStyle.h"
 
 #include <utility>
 
@@ -12,7 +12,7 @@ RenameField::RenameField(TextReader reader, Listener listener, QWidget* parent)
     , m_listener(std::move(listener))
 {
     hide();
-    setFont(panelFont(13));
+    setFont(textFont(13));
     setAccessibleName(QStringLiteral("Name"));
     setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
     setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder));

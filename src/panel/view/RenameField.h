@@ -1,7 +1,7 @@
 #pragma once
 
+#include "look/view/PanelLineEdit.h"
 #include "model/ClipItem.h"
-#include "panel/view/PanelLineEdit.h"
 
 #include <functional>
 #include <optional>

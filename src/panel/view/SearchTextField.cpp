@@ -1,7 +1,8 @@
 #include "panel/view/SearchTextField.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -25,7 +26,7 @@ SearchTextField::SearchTextField(
     , m_field(std::move(reader), this)
 {
     m_field.setPlaceholderText(QStringLiteral("Search..."));
-    m_field.setFont(panelFont(14));
+    m_field.setFont(textFont(14));
     m_field.setAccessibleName(QStringLiteral("Search"));
     setFocusProxy(&m_field);
     setCursor(Qt::IBeamCursor);
@@ -52,7 +53,7 @@ bool SearchTextField::event(QEvent* event)
 
 void SearchTextField::paintEvent(QPaintEvent*)
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -79,7 +80,7 @@ QRect SearchTextField::ground() const
 
 void SearchTextField::dress()
 {
-    const auto& colours = panelColours(palette());
+    const auto& colours = coloursOf(palette());
     auto dressed = m_field.palette();
     dressed.setColor(QPalette::Text, colours.text);
     dressed.setColor(QPalette::PlaceholderText, colours.secondary);

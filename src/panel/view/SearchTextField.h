@@ -1,7 +1,7 @@
 #pragma once
 
+#include "look/view/PanelLineEdit.h"
 #include "model/ClipStore.h"
-#include "panel/view/PanelLineEdit.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "panel/view/TextLines.h"
 
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <QTextOption>
 

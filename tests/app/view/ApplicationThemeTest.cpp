@@ -1,8 +1,9 @@
 #include "app/view/ApplicationTheme.h"
 
+#include "look/view/Colours.h"
+#include "look/view/EasedValue.h"
 #include "panel/view/ClipPanelView.h"
-#include "panel/view/EasedValue.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 #include "support/ManualLoop.h"

@@ -5,7 +5,7 @@
 #include "app/view/TrayScreens.h"
 #include "model/ClipItem.h"
 #include "panel/view/ClipPreviewView.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "support/Input.h"
 
 #include <gtest/gtest.h>

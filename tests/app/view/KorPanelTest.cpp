@@ -1,7 +1,6 @@
 #include "app/view/KorPanel.h"
 
-#include "panel/view/PanelLineEdit.h"
-#include "panel/view/PanelStyle.h"
+#include "look/view/PanelLineEdit.h"
 #include "support/Input.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,9 @@
-#include "panel/view/PanelStyle.h"
+#include "look/view/Colours.h"
 
 #include "app/view/ApplicationTheme.h"
 
 #include <gtest/gtest.h>
 
-#include <QFontInfo>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -39,11 +38,11 @@ namespace {
         return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
     }
 
-    class PanelStyleTest : public testing::TestWithParam<ColourScheme> { };
+    class ColoursTest : public testing::TestWithParam<ColourScheme> { };
 
-    TEST_P(PanelStyleTest, TextsStandOutAgainstEveryGroundThatTheyStandOn)
+    TEST_P(ColoursTest, TextsStandOutAgainstEveryGroundThatTheyStandOn)
     {
-        const auto& colours = panelColours(GetParam());
+        const auto& colours = coloursOf(GetParam());
         const auto& panel = colours.panel;
         for (const auto& ground : { panel, over(panel, colours.hover), over(panel, colours.pressed),
                  over(panel, colours.field), over(panel, colours.chip) }) {
@@ -57,9 +56,9 @@ namespace {
         EXPECT_GE(contrast(colours.redText, panel), 4.5);
     }
 
-    TEST_P(PanelStyleTest, TextsStandOutOnTheSelectedRow)
+    TEST_P(ColoursTest, TextsStandOutOnTheSelectedRow)
     {
-        const auto& colours = panelColours(GetParam());
+        const auto& colours = coloursOf(GetParam());
         const auto selected = over(colours.panel, colours.selection);
         for (const auto& ground : { selected, over(selected, colours.pressed) }) {
             EXPECT_GE(contrast(colours.text, ground), 4.5);
@@ -68,19 +67,19 @@ namespace {
         }
     }
 
-    TEST_P(PanelStyleTest, ANameThatIsTypedStandsOutInItsField)
+    TEST_P(ColoursTest, ANameThatIsTypedStandsOutInItsField)
     {
-        const auto& colours = panelColours(GetParam());
+        const auto& colours = coloursOf(GetParam());
         // The field stands on its row, which may be the selected one.
         for (const auto& row : { colours.panel, over(colours.panel, colours.hover),
                  over(colours.panel, colours.selection) })
             EXPECT_GE(contrast(colours.text, over(row, colours.field)), 4.5);
     }
 
-    TEST_P(PanelStyleTest, TextsStandOutInMenusAndToolTips)
+    TEST_P(ColoursTest, TextsStandOutInMenusAndToolTips)
     {
         const auto palette = applicationPalette(GetParam());
-        const auto& colours = panelColours(GetParam());
+        const auto& colours = coloursOf(GetParam());
         for (const auto role : { QPalette::Window, QPalette::Base, QPalette::Button }) {
             EXPECT_GE(contrast(palette.color(QPalette::WindowText), palette.color(role)), 4.5);
             EXPECT_GE(contrast(colours.redText, palette.color(role)), 4.5);
@@ -90,23 +89,23 @@ namespace {
             4.5);
     }
 
-    TEST_P(PanelStyleTest, ThePaletteOfASchemeTellsTheScheme)
+    TEST_P(ColoursTest, ThePaletteOfASchemeTellsTheScheme)
     {
         QPalette palette;
-        palette.setColor(QPalette::Window, panelColours(GetParam()).panel);
-        palette.setColor(QPalette::WindowText, panelColours(GetParam()).text);
+        palette.setColor(QPalette::Window, coloursOf(GetParam()).panel);
+        palette.setColor(QPalette::WindowText, coloursOf(GetParam()).text);
 
         EXPECT_EQ(schemeOf(palette), GetParam());
     }
 
-    TEST_P(PanelStyleTest, TheAccentIsTheSame)
+    TEST_P(ColoursTest, TheAccentIsTheSame)
     {
-        EXPECT_EQ(panelColours(GetParam()).accent, QColor(28, 158, 117));
+        EXPECT_EQ(coloursOf(GetParam()).accent, QColor(28, 158, 117));
     }
 
-    TEST_P(PanelStyleTest, TheLineOfAMenuThatDeletesCanBeReadAlsoUnderThePointer)
+    TEST_P(ColoursTest, TheLineOfAMenuThatDeletesCanBeReadAlsoUnderThePointer)
     {
-        const auto& colours = panelColours(GetParam());
+        const auto& colours = coloursOf(GetParam());
         const auto ink = colours.redText;
 
         EXPECT_GE(contrast(ink, colours.panel), 4.5);
@@ -115,16 +114,7 @@ namespace {
     }
 
     INSTANTIATE_TEST_SUITE_P(
-        Schemes, PanelStyleTest, testing::Values(ColourScheme::light, ColourScheme::dark));
-
-    TEST(PanelFontTest, ItIsTheDesktopsOwnInTheSizeOfThePanel)
-    {
-        const auto font = panelFont(10.5, QFont::Medium);
-
-        EXPECT_EQ(font.family(), QGuiApplication::font().family());
-        EXPECT_EQ(font.weight(), QFont::Medium);
-        EXPECT_NEAR(QFontInfo(panelFont(14)).pixelSize(), 14, 0.5);
-    }
+        Schemes, ColoursTest, testing::Values(ColourScheme::light, ColourScheme::dark));
 
 } // namespace
 } // namespace korvane

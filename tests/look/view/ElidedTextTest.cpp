@@ -1,16 +1,18 @@
-#include "panel/view/ElidedText.h"
+#include "look/view/ElidedText.h"
 
-#include "panel/view/PanelStyle.h"
+#include "look/view/Fonts.h"
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QString>
+#include <QStringList>
 
 namespace korvane {
 namespace {
 
     struct ElidedTextTest : testing::Test {
-        QFontMetricsF font { panelFont(13) };
+        QFontMetricsF font { textFont(13) };
     };
 
     TEST_F(ElidedTextTest, ATextThatHasRoomStaysWhole)

@@ -1,4 +1,4 @@
-#include "panel/view/PanelMenu.h"
+#include "look/view/PanelMenu.h"
 
 #include "support/Input.h"
 

@@ -1,4 +1,4 @@
-#include "panel/view/Symbols.h"
+#include "look/view/Symbols.h"
 
 #include "panel/view/ClipRowView.h"
 #include "panel/view/FilterTabBar.h"

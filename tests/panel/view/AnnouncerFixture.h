@@ -2,7 +2,7 @@
 
 #include "panel/view/ClipPanelView.h"
 #include "panel/view/PanelAccess.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/AccessEvents.h"
 #include "support/Input.h"

@@ -1,7 +1,7 @@
 #include "panel/view/ClipListView.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 

@@ -1,7 +1,7 @@
 #include "panel/view/ClipPanelView.h"
 
 #include "model/ClipJson.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 

@@ -1,7 +1,8 @@
 #include "panel/view/ClipPreviewView.h"
 
+#include "look/view/Fonts.h"
 #include "model/ClipItem.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ namespace {
 
             view.setClip(clipOf("text", type));
 
-            const auto expected = type == ClipType::code ? panelCodeFont(12) : panelFont(12);
+            const auto expected = type == ClipType::code ? codeFont(12) : textFont(12);
             EXPECT_EQ(view.text().font().family(), expected.family()) << rawValue(type);
         }
     }

@@ -1,6 +1,6 @@
 #include "panel/view/ClipPanelView.h"
 
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 

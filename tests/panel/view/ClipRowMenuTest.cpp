@@ -1,7 +1,7 @@
 #include "panel/view/ClipPanelView.h"
 
-#include "panel/view/PanelMenu.h"
-#include "panel/view/PanelStyle.h"
+#include "look/view/PanelMenu.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 

@@ -1,7 +1,7 @@
 #include "panel/view/ClipRowView.h"
 
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "look/view/Colours.h"
+#include "look/view/Symbols.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ namespace {
         QImage paint(const ClipRow& shown)
         {
             QImage image(348, 48, QImage::Format_ARGB32_Premultiplied);
-            image.fill(panelColours(ColourScheme::light).panel);
+            image.fill(coloursOf(ColourScheme::light).panel);
             QPainter painter(&image);
             view.paint(painter, image.rect(), shown, {}, palette);
             return image;
@@ -75,7 +75,7 @@ namespace {
         RowFixture f;
         f.clip.text = "text";
         const QRect marks(250, 0, 98, 48);
-        const auto orange = panelColours(ColourScheme::light).orange;
+        const auto orange = coloursOf(ColourScheme::light).orange;
 
         EXPECT_FALSE(hasColour(f.paint({ .clip = f.clip }), marks, orange));
         f.clip.isPinned = true;
@@ -121,7 +121,7 @@ namespace {
 
         const auto image = f.paint({ .clip = f.clip });
 
-        const auto ink = panelColours(ColourScheme::light).text;
+        const auto ink = coloursOf(ColourScheme::light).text;
         EXPECT_TRUE(hasColour(image, title.toAlignedRect(), ink));
         EXPECT_FALSE(hasColour(
             image, QRect(QPoint(static_cast<int>(title.right()) + 1, 0), QPoint(347, 47)), ink));
@@ -173,7 +173,7 @@ namespace {
 
         const QRect kind(9, 10, 28, 28);
         EXPECT_NE(gone.copy(kind), there.copy(kind)); // another symbol
-        const auto& colours = panelColours(ColourScheme::light);
+        const auto& colours = coloursOf(ColourScheme::light);
         const auto title = f.view.titleRect(row, { .clip = f.clip }).toAlignedRect();
         EXPECT_TRUE(hasColour(there, title, colours.text));
         EXPECT_NE(gone.copy(title), there.copy(title));
@@ -218,7 +218,7 @@ namespace {
         const QRect beyond(QPoint(static_cast<int>(title.right()) + 1, 24), QPoint(347, 38));
         const QRect end(QPoint(static_cast<int>(title.right()) - 30, 24),
             QPoint(static_cast<int>(title.right()), 40));
-        const auto ink = panelColours(ColourScheme::light).secondary;
+        const auto ink = coloursOf(ColourScheme::light).secondary;
         EXPECT_TRUE(hasColour(image, end, ink));
         EXPECT_FALSE(hasColour(image, beyond.adjusted(2, 0, -32, 0), ink));
     }
@@ -231,7 +231,7 @@ namespace {
 
         const auto image = f.paint({ .clip = f.clip, .isRenaming = true });
 
-        EXPECT_FALSE(hasColour(image, title, panelColours(ColourScheme::light).text));
+        EXPECT_FALSE(hasColour(image, title, coloursOf(ColourScheme::light).text));
     }
 
 } // namespace

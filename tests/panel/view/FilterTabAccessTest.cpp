@@ -1,9 +1,9 @@
 #include "panel/view/FilterTabAccess.h"
 
+#include "look/view/Symbols.h"
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/PanelAccess.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/AccessEvents.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "look/view/Symbols.h"
 #include "panel/view/ClipListView.h"
 #include "panel/view/PanelAccess.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/AccessEvents.h"
 #include "support/Input.h"

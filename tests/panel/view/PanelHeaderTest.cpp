@@ -1,8 +1,8 @@
 #include "panel/view/PanelHeader.h"
 
+#include "look/view/PanelMenu.h"
 #include "panel/view/ClipPanelView.h"
-#include "panel/view/PanelMenu.h"
-#include "panel/view/PanelStyle.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 

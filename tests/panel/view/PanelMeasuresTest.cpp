@@ -1,7 +1,9 @@
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "look/view/Symbols.h"
 #include "panel/view/ClipPanelView.h"
 #include "panel/view/ClipRowView.h"
-#include "panel/view/PanelStyle.h"
-#include "panel/view/Symbols.h"
+#include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 #include "support/PaintRecorder.h"
@@ -31,7 +33,7 @@ namespace {
 
     void expectFont(const QFont& font, double size, QFont::Weight weight)
     {
-        EXPECT_DOUBLE_EQ(font.pointSizeF(), panelFont(size).pointSizeF());
+        EXPECT_DOUBLE_EQ(font.pointSizeF(), textFont(size).pointSizeF());
         EXPECT_EQ(font.weight(), weight);
     }
 
@@ -70,7 +72,7 @@ namespace {
 
         const auto grounds = painted.shapesAt(chip);
         ASSERT_EQ(grounds.size(), 1U);
-        auto expected = panelColours(f.view.palette()).text;
+        auto expected = coloursOf(f.view.palette()).text;
         expected.setAlphaF(0.06F);
         EXPECT_EQ(grounds.front().fill, expected);
         EXPECT_EQ(grounds.front().radius, 12);
@@ -120,7 +122,7 @@ namespace {
         const auto badge = f.view.header().badge();
         const auto grounds = painted.shapesAt(badge);
         ASSERT_EQ(grounds.size(), 1U);
-        EXPECT_EQ(grounds.front().fill, panelColours(f.view.palette()).orange);
+        EXPECT_EQ(grounds.front().fill, coloursOf(f.view.palette()).orange);
         EXPECT_EQ(grounds.front().radius, 4);
         const double width = QFontMetricsF(text.font).horizontalAdvance(text.text);
         EXPECT_NEAR(text.at.x() - badge.left(), 5, 0.5); // the width is rounded up
@@ -150,7 +152,7 @@ namespace {
         const auto title = f.painted.text(QStringLiteral("some text"));
 
         expectFont(title.font, 13, QFont::Normal);
-        EXPECT_EQ(title.colour, panelColours(f.palette).text);
+        EXPECT_EQ(title.colour, coloursOf(f.palette).text);
     }
 
     TEST(PanelMeasuresTest, ARowsGroundIsRoundedBySixPoints)
@@ -169,7 +171,7 @@ namespace {
     {
         const ClipItem clip;
         const RowMeasures f({ .clip = clip, .shortcutIndex = 2 });
-        const auto& secondary = panelColours(f.palette).secondary;
+        const auto& secondary = coloursOf(f.palette).secondary;
 
         const auto text = f.painted.text(QStringLiteral("⌘3"));
         ASSERT_EQ(text.text, QStringLiteral("⌘3"));

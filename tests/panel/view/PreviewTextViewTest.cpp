@@ -1,6 +1,8 @@
 #include "panel/view/PreviewTextView.h"
 
-#include "panel/view/PanelStyle.h"
+#include "look/view/Colours.h"
+#include "look/view/Fonts.h"
+#include "panel/view/PanelMetrics.h"
 #include "support/Input.h"
 
 #include <gtest/gtest.h>
@@ -115,7 +117,7 @@ namespace {
 
         EXPECT_EQ(columns(narrow, true), columns(wide, true));
         EXPECT_LT(columns(narrow, false), columns(wide, false));
-        EXPECT_EQ(TextViewFixture(wide, false).view.font().family(), panelFont(12).family());
+        EXPECT_EQ(TextViewFixture(wide, false).view.font().family(), textFont(12).family());
         EXPECT_EQ(TextViewFixture(wide, true).view.font().family(),
             QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
     }
@@ -164,7 +166,7 @@ namespace {
     {
         TextViewFixture f(QStringLiteral("▇▇▇"));
         for (const auto scheme : { ColourScheme::light, ColourScheme::dark }) {
-            const auto colour = panelColours(scheme).text;
+            const auto colour = coloursOf(scheme).text;
             QPalette palette;
             palette.setColor(QPalette::WindowText, colour);
             f.view.setPalette(palette);

@@ -1,6 +1,7 @@
 #include "panel/view/TextLines.h"
 
-#include "panel/view/PanelStyle.h"
+#include "look/view/Fonts.h"
+#include "panel/view/PanelMetrics.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ namespace {
 
     TextLines::Look look()
     {
-        return { panelFont(12), 28, true };
+        return { textFont(12), 28, true };
     }
     QImage pictureOf(const TextLines& lines)
     {
@@ -33,7 +34,7 @@ namespace {
     /// The same by the toolkit in one piece.
     QImage pictureInOnePiece(const QString& paragraph, int height)
     {
-        QTextLayout layout(paragraph, panelFont(12));
+        QTextLayout layout(paragraph, textFont(12));
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         option.setTextDirection(Qt::LeftToRight);
