@@ -79,8 +79,9 @@ class ScreenshotsTest(unittest.TestCase):
         states = ("empty", "typical", "odd-texts", "search-none", "private", "full-90", "renaming", "context-menu",
                   "preview-right", "preview-left",
                   *(f"tab-{tab}" for tab in ("pinned", "text", "url", "code", "email", "files", "emoji", "large")))
-        missing = {f"{state}-{theme}-{scale}x" for state in states for theme in ("light", "dark") for scale in (1, 2)} - names
-        self.assertEqual(missing, set())
+        expected = {f"{state}-{theme}-{scale}x.png"
+                    for state in states for theme in ("light", "dark") for scale in (1, 2)}
+        self.assertEqual(expected - names, set())
 
 
 def share(rows, colour, tolerance):
