@@ -23,6 +23,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -241,26 +242,26 @@ namespace {
         return !error;
     }
 
-    int run(int argc, char** argv, const CommandLine& commandLine, const BaseFolders& folders,
+    int run(std::string programFile, const CommandLine& commandLine, const BaseFolders& folders,
         InstanceClaim claim)
     {
-        ::setenv("QT_QPA_PLATFORM", "xcb", 1);
         // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
         // user starts later. This is the switch that programs of other toolkits are kept out with.
-        constexpr const char* listenersAtAnyTime = "QT_LINUX_ACCESSIBILITY_ALWAYS_ON";
-        const bool isOurSwitch
-            = std::getenv("NO_AT_BRIDGE") == nullptr && std::getenv(listenersAtAnyTime) == nullptr;
-        if (isOurSwitch)
-            ::setenv(listenersAtAnyTime, "1", 0);
+        if (std::getenv("NO_AT_BRIDGE") == nullptr)
+            ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 0);
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
         QGuiApplication::setApplicationDisplayName("Korvane");
         QGuiApplication::setDesktopFileName(folderName);
         QGuiApplication::setQuitOnLastWindowClosed(false);
-        const QApplication application(argc, argv);
-        if (isOurSwitch)
-            ::unsetenv(listenersAtAnyTime); // no program that we start shall have it from us
+        // Not by the environment, which the programs that we start would inherit.
+        std::string option = "-platform";
+        std::string platform = "xcb";
+        std::array<char*, 3> toolkitArguments { programFile.data(), option.data(),
+            platform.data() };
+        auto count = static_cast<int>(toolkitArguments.size());
+        const QApplication application(count, toolkitArguments.data());
 
         // Ends after the program and before the toolkit.
         FarewellLimit farewell;
@@ -323,7 +324,7 @@ namespace {
         }
         if (!commandLine.startsProgram())
             return EXIT_SUCCESS;
-        return run(argc, argv, commandLine, *folders, std::move(*start.claim));
+        return run(argc > 0 ? argv[0] : "korvane", commandLine, *folders, std::move(*start.claim));
     }
 
 } // namespace

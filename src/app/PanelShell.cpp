@@ -22,6 +22,7 @@ namespace {
 PanelShell::PanelShell(World world)
     : m_world(std::move(world))
     , m_outsideClick(m_world.outsideClicks.pressed.connect([this] { clickedOutside(); }))
+    , m_clipsChanged(m_world.store.clipsChanged.connect([this] { hidePreviewOfGone(); }))
 {
 }
 
@@ -83,6 +84,7 @@ void PanelShell::showPreview(const ClipItem& clip, std::optional<double> rowMidY
     if (!m_preview)
         m_preview = &m_world.makePreview();
     m_preview->setClip(clip);
+    m_previewed = clip.id;
     // The look at the screen comes before the panel's frame, which is told on the screen looked at.
     const Rect visible = m_world.screens.look().visible;
     const double textHeight = m_preview->textHeight(previewplacement::textWidth);
@@ -95,6 +97,13 @@ void PanelShell::hidePreview()
 {
     if (m_preview)
         m_preview->hide();
+}
+
+/// What the user has thrown away is not to be read on the screen any longer.
+void PanelShell::hidePreviewOfGone()
+{
+    if (isPreviewVisible() && !m_world.store.find(m_previewed))
+        hidePreview();
 }
 
 bool PanelShell::isPreviewVisible() const

@@ -64,12 +64,15 @@ public:
 
 private:
     void clickedOutside();
+    void hidePreviewOfGone();
 
     World m_world;
     PlacedWindow* m_panel = nullptr;    // until it has been built
     PreviewWindow* m_preview = nullptr; // the same
+    ClipId m_previewed;                 // the clip that was shown last
     Timer m_afterOutsideClick;
     Connection m_outsideClick;
+    Connection m_clipsChanged;
 };
 
 } // namespace korvane

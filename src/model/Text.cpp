@@ -127,6 +127,11 @@ std::string_view trimmed(std::string_view utf8)
     return utf8;
 }
 
+bool isIgnorable(char32_t codePoint)
+{
+    return u_hasBinaryProperty(static_cast<UChar32>(codePoint), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+}
+
 bool isBlank(std::string_view utf8)
 {
     return trimmed(utf8).empty();

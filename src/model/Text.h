@@ -16,6 +16,10 @@ std::string_view trimmed(std::string_view utf8);
 /// Nothing, or nothing but white space.
 bool isBlank(std::string_view utf8);
 
+/// Whether a code point has no look of its own unless it changes its neighbours': joiners, variation
+/// selectors, marks of direction and the like (the property Default_Ignorable_Code_Point).
+bool isIgnorable(char32_t codePoint);
+
 bool isValidUtf8(std::string_view bytes);
 /// Each ill-formed piece becomes one U+FFFD (the Unicode Standard's "maximal subpart", section 3.9),
 /// and NULs are dropped. Text in which nothing is wrong is handed back without being copied.

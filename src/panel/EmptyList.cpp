@@ -40,13 +40,16 @@ namespace {
 
 EmptyList emptyList(bool isHistoryEmpty, bool isPrivate, FilterTab tab, std::string_view search)
 {
-    if (!search.empty())
+    if (!search.empty()) {
+        const auto where
+            = tab == FilterTab::all ? "" : "Searched in “" + std::string(title(tab)) + "” only. ";
         return { "magnifyingglass", "Nothing found for “" + onOneLine(search) + "”",
-            "Escape clears the search." };
+            where + "Escape clears the search." };
+    }
     if (isHistoryEmpty && isPrivate)
         return { "lock", "Private mode is on", "What you copy now is not recorded." };
     const auto texts = textsOf(isHistoryEmpty ? FilterTab::all : tab);
-    return { std::nullopt, std::string(texts.title), texts.hint };
+    return { std::nullopt, std::string(texts.title), std::string(texts.hint) };
 }
 
 } // namespace korvane

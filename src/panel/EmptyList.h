@@ -14,7 +14,7 @@ struct EmptyList {
     std::optional<std::string_view> symbol;
     std::string title;
     /// What the user can do about it.
-    std::string_view hint;
+    std::string hint;
 };
 
 /// @param isHistoryEmpty  there is no clip at all

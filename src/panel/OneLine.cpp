@@ -23,7 +23,7 @@ namespace {
     std::string blanksMadeVisible(std::string_view text)
     {
         std::string line;
-        forEachCodePoint(text, [&line](char32_t value) { appendUtf8(line, visibleBlank(value)); });
+        forEachCodePoint(text, [&line](char32_t value) { appendInvisible(line, value); });
         return line;
     }
 
@@ -41,7 +41,7 @@ namespace {
             line.append(isGap ? 1 : blanks, ' ');
             blanks = 0;
             isGap = false;
-            appendUtf8(line, visibleForm(value));
+            appendVisibly(line, value);
         });
         return line;
     }
@@ -50,9 +50,8 @@ namespace {
 
 std::string onOneLine(std::string_view text)
 {
-    const auto rest = trimmed(text);
-    const bool isBlankText = rest.empty();
-    const auto whole = isBlankText ? text : rest;
+    const bool isBlankText = showsNothing(text);
+    const auto whole = isBlankText ? text : trimmed(text);
     const auto shown
         = whole.substr(0, shownBytes(whole, std::numeric_limits<int>::max(), maxBytesOnOneLine));
     auto line = isBlankText ? blanksMadeVisible(shown) : linesJoined(shown);

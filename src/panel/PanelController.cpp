@@ -32,9 +32,16 @@ PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
     , m_host(host)
     , m_actions(actions)
     , m_tabs(tabs)
-    , m_searchChanged(store.panel().panelSearch.onChange(
-          [this](const std::string&) { keepSelectionDisplayed(); }))
 {
+    auto& panel = store.panel();
+    m_connections.push_back(panel.panelSearch.onChange([this](const std::string&) {
+        m_selectedIndex = 0; // from another search on, its first hit is the next best
+        keepSelectionDisplayed();
+    }));
+    m_connections.push_back(store.clipsChanged.connect([this] { keepSelectionDisplayed(); }));
+    m_connections.push_back(panel.selectedClipID.onChange([this](const auto& selected) {
+        m_selectedIndex = indexOf(m_store.filteredClips(), selected).value_or(0);
+    }));
 }
 
 bool PanelController::handle(const KeyPress& press)
@@ -117,6 +124,8 @@ void PanelController::remove(const ClipId& id)
 
 void PanelController::switchTab(FilterTab tab)
 {
+    if (tab != m_store.panel().shownTab())
+        m_host.hidePreview();
     m_tabs.switchTo(tab);
 }
 
@@ -255,13 +264,17 @@ void PanelController::deleteSelected()
     select(m_store, m_store.filteredClips(), index);
 }
 
-/// A key must never act on a clip that the search has hidden from the user: the selection goes to
-/// the first hit then.
+/// A key must never act on a clip that the user does not see, because the search has hidden it, it
+/// has been unpinned in the tab of the pinned, or it has been evicted. The selection goes to the first
+/// hit then, or to the clip that has come into its place.
 void PanelController::keepSelectionDisplayed()
 {
+    const auto& selected = m_store.panel().selectedClipID.value();
     const auto& displayed = m_store.filteredClips();
-    if (!indexOf(displayed, m_store.panel().selectedClipID.value()))
-        select(m_store, displayed, 0);
+    if (const auto index = indexOf(displayed, selected))
+        m_selectedIndex = *index;
+    else if (selected)
+        select(m_store, displayed, m_selectedIndex);
 }
 
 /// The clip is copied first: what is done with it may move or end the one in the list.

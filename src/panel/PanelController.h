@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace korvane {
 
@@ -96,7 +97,8 @@ private:
     PanelHost& m_host;
     ClipActions& m_actions;
     TabSwitcher& m_tabs;
-    Connection m_searchChanged;
+    std::size_t m_selectedIndex = 0; // of the selected clip when it was displayed last
+    std::vector<Connection> m_connections;
 };
 
 } // namespace korvane

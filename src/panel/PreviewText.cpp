@@ -13,21 +13,23 @@ namespace {
 
     std::string madeVisible(std::string_view text)
     {
-        const bool isBlankText = isBlank(text);
+        const bool isBlankText = showsNothing(text);
         std::string result;
         result.reserve(text.size());
         for (std::size_t at = 0; at < text.size();) {
             const auto codePoint = codePointAt(text, at);
             at += codePoint.size;
             if (isBlankText)
-                appendUtf8(result, visibleBlank(codePoint.value));
+                appendInvisible(result, codePoint.value);
             if (isLineEnd(codePoint.value)) {
                 if (codePoint.value == U'\r' && at < text.size() && text[at] == '\n')
                     ++at; // the two are one line end
                 result += '\n';
             } else if (!isBlankText) {
-                const bool isTab = codePoint.value == U'\t';
-                appendUtf8(result, isTab ? codePoint.value : visibleForm(codePoint.value));
+                if (codePoint.value == U'\t')
+                    result += '\t';
+                else
+                    appendVisibly(result, codePoint.value);
             }
         }
         return result;

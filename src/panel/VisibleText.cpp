@@ -3,6 +3,9 @@
 #include "model/Text.h"
 #include "model/Utf8.h"
 
+#include <array>
+#include <cstdio>
+
 namespace korvane {
 
 namespace {
@@ -15,6 +18,18 @@ namespace {
     {
         return value >= 0x80 && value < 0xA0;
     }
+    bool isDirectionOverride(char32_t value)
+    {
+        return value == U'\u202D' || value == U'\u202E';
+    }
+
+    void appendNumber(std::string& text, char32_t value)
+    {
+        std::array<char, sizeof "<U+10FFFF>"> written {};
+        const int size = std::snprintf(
+            written.data(), written.size(), "<U+%04X>", static_cast<unsigned>(value));
+        text.append(written.data(), static_cast<std::size_t>(size));
+    }
 
 } // namespace
 
@@ -24,22 +39,37 @@ bool isLineEnd(char32_t value)
         || value == U'\u2029';
 }
 
-char32_t visibleForm(char32_t value)
+void appendVisibly(std::string& text, char32_t value)
 {
-    constexpr char32_t controlPictures = U'\u2400';
-    constexpr char32_t deletePicture = U'\u2421';
-    if (isC0(value))
-        return controlPictures + value;
-    if (value == 0x7F)
-        return deletePicture;
-    return isC1(value) ? replacementCharacter : value;
+    if (isC0(value) || value == 0x7F) {
+        text += '^';
+        text += static_cast<char>(value ^ 0x40U); // the letter on whose key Ctrl gives it
+    } else if (isDirectionOverride(value)) {
+        appendNumber(text, value);
+    } else {
+        appendUtf8(text, isC1(value) ? replacementCharacter : value);
+    }
 }
 
-char32_t visibleBlank(char32_t value)
+bool showsNothing(std::string_view text)
 {
-    if (isLineEnd(value))
-        return U'↵';
-    return value == U'\t' ? U'⇥' : U'␣';
+    for (std::size_t at = 0; at < text.size();) {
+        const auto codePoint = codePointAt(text, at);
+        if (!isIgnorable(codePoint.value) && !isBlank(text.substr(at, codePoint.size)))
+            return false;
+        at += codePoint.size;
+    }
+    return true;
+}
+
+void appendInvisible(std::string& text, char32_t value)
+{
+    if (isIgnorable(value))
+        appendNumber(text, value);
+    else if (isLineEnd(value))
+        text += "↵";
+    else
+        text += value == U'\t' ? "⇥" : "␣";
 }
 
 std::size_t shownBytes(std::string_view text, int maxLines, int maxBytes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace korvane {
@@ -11,12 +12,17 @@ namespace korvane {
 /// Unicode (UAX #14, mandatory breaks).
 bool isLineEnd(char32_t value);
 
-/// The character that stands for one that has no look of its own: control characters get their
-/// pictures (U+2400 and following), or U+FFFD where there is none. Every other stays as it is.
-char32_t visibleForm(char32_t value);
+/// Appends what stands for a character that has no look of its own: control characters are written
+/// as terminals do, "^[" for Escape, as few fonts have pictures of them (U+2400 and following), and
+/// those of the upper half as U+FFFD. Overrides of the direction, with which a file name can be made
+/// to look like another one, are written out as "<U+202E>". Every other stays as it is.
+void appendVisibly(std::string& text, char32_t value);
 
-/// White space made visible as proof-readers write it: ↵, ⇥ or ␣.
-char32_t visibleBlank(char32_t value);
+/// Whether there is nothing to see in a text: white space, and characters without a look of their own.
+bool showsNothing(std::string_view text);
+/// Appends such a character made visible: white space as proof-readers write it, ↵, ⇥ or ␣, and any
+/// other by its number.
+void appendInvisible(std::string& text, char32_t value);
 
 /// How many bytes of a text are shown: whole characters, at most `maxBytes` bytes and no further
 /// than the line feed number `maxLines`. Where a single character is longer than that all by itself,

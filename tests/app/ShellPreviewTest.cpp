@@ -89,6 +89,39 @@ namespace {
         EXPECT_EQ(f.preview->clip.text, "newer");
     }
 
+    TEST(ShellPreviewTest, AClipThatIsDeletedIsNotReadAnyLonger)
+    {
+        PreviewFixture f;
+        f.press(keycodes::space);
+
+        f.press(keycodes::backspace, modifiers::command);
+
+        EXPECT_EQ(f.clipCount(), 1U);
+        EXPECT_FALSE(f.preview->isShown);
+    }
+
+    TEST(ShellPreviewTest, AnotherClipThatIsDeletedLeavesThePreview)
+    {
+        PreviewFixture f;
+        f.press(keycodes::space);
+
+        f.panelController->remove(f.clip(1).id);
+
+        EXPECT_EQ(f.clipCount(), 1U);
+        EXPECT_TRUE(f.preview->isShown);
+    }
+
+    TEST(ShellPreviewTest, AClickOnAnotherTabHidesThePreviewAndOneOnTheChosenTabDoesNot)
+    {
+        PreviewFixture f;
+        f.press(keycodes::space);
+
+        f.panelController->switchTab(FilterTab::all);
+        EXPECT_TRUE(f.preview->isShown);
+        f.panelController->switchTab(FilterTab::text);
+        EXPECT_FALSE(f.preview->isShown);
+    }
+
     TEST(ShellPreviewTest, HidingThePanelHidesThePreviewFirst)
     {
         PreviewFixture f;

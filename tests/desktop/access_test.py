@@ -187,6 +187,24 @@ class AccessTest(DesktopTest):
         self.reader.expect_announced("apple, Text, 2h, pinned, 1 of 3")
         self.assertEqual(self.clips.child(0).name, "apple, Text, 2h, pinned, 1 of 3")
 
+    def test_a_preview_is_read_out_though_it_never_has_the_focus(self):
+        self.start_with_three()
+        self.keys.press("space")
+        self.reader.expect_announced("Preview: apple")
+        self.keys.press("space")
+        self.keys.press("Down")
+        self.keys.press("space")
+        self.reader.expect_announced("Preview: let x = 1;")
+
+    def test_the_head_tells_what_its_buttons_are_and_whether_private_mode_is_on(self):
+        self.start_with_three()
+        lock = self.window.find("check box", "Private Mode")
+        self.assertNotIn("checked", lock.states())
+        for name in ("Preferences", "Menu"):
+            self.assertIn("showing", self.window.find("push button", name).states())
+        lock.act("Toggle")
+        wait_for("the lock is checked", lambda: "checked" in lock.states())
+
     def test_a_rename_has_a_field_with_a_name_and_ends_at_the_row(self):
         self.start_with_three()
         self.clips.child(0).act("ShowMenu")

@@ -34,7 +34,8 @@ namespace {
         const auto said = emptyList(false, false, FilterTab::url, "a\nb");
 
         EXPECT_EQ(said.title, "Nothing found for “a b”");
-        EXPECT_EQ(said.hint, "Escape clears the search.");
+        EXPECT_EQ(said.hint, "Searched in “URL” only. Escape clears the search.");
+        EXPECT_EQ(emptyList(false, false, FilterTab::all, "a").hint, "Escape clears the search.");
         EXPECT_EQ(said.symbol, "magnifyingglass");
     }
 

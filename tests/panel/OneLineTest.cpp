@@ -47,9 +47,22 @@ namespace {
 
     TEST(OneLineTest, ControlCharactersAreMadeVisible)
     {
-        EXPECT_EQ(onOneLine("\x1B[31mred\x07\x7F"), "␛[31mred␇␡");
+        EXPECT_EQ(onOneLine("\x1B[31mred\x07\x7F"), "^[[31mred^G^?");
         EXPECT_EQ(onOneLine("a\u009Bb"), "a\uFFFDb");
-        EXPECT_EQ(onOneLine(std::string_view("a\0b", 3)), "a␀b");
+        EXPECT_EQ(onOneLine(std::string_view("a\0b", 3)), "a^@b");
+    }
+
+    TEST(OneLineTest, CharactersWithoutALookAreWrittenOutWhereThereIsNothingElse)
+    {
+        EXPECT_EQ(onOneLine("\u200B"), "<U+200B>");
+        EXPECT_EQ(onOneLine(" \uFEFF\u00AD"), "␣<U+FEFF><U+00AD>");
+        EXPECT_EQ(onOneLine("a\u200Bb"), "a\u200Bb");
+    }
+
+    TEST(OneLineTest, AnOverrideOfTheDirectionIsWrittenOut)
+    {
+        EXPECT_EQ(onOneLine("photo\u202Egpj.exe"), "photo<U+202E>gpj.exe");
+        EXPECT_EQ(onOneLine("\u202Aleft\u202C"), "\u202Aleft\u202C"); // what texts really have
     }
 
     TEST(OneLineTest, WhiteSpaceAloneIsMadeVisible)

@@ -214,5 +214,59 @@ namespace {
         EXPECT_EQ(f.actions.done, Done {});
     }
 
+    TEST(PanelSelectionTest, AClipThatIsUnpinnedInThePinnedTabGivesTheSelectionToTheOneInItsPlace)
+    {
+        PanelFixture f;
+        f.fill({ "a", "b", "c" });
+        for (const std::size_t index : { 0U, 1U, 2U })
+            f.store.togglePin(f.idAt(index));
+        f.store.panel().panelFilterTab.set(FilterTab::pinned);
+        f.selectAt(1);
+
+        f.type("p", modifiers::command);
+        EXPECT_EQ(f.selected(), "c");
+        f.controller.togglePin(f.idAt(1)); // by its row's menu, the last one
+        EXPECT_EQ(f.selected(), "a");
+        f.type("p", modifiers::command);
+        EXPECT_EQ(f.store.panel().selectedClipID.value(), std::nullopt);
+    }
+
+    TEST(PanelSelectionTest, AClipWhoseNewNameIsNotSearchedForGivesTheSelectionOn)
+    {
+        PanelFixture f;
+        f.fill({ "one", "two", "three" });
+        for (const std::size_t index : { 0U, 1U, 2U })
+            f.store.rename(f.idAt(index), "name");
+        f.store.panel().panelSearch.set("name");
+        f.selectAt(1);
+
+        f.controller.rename(f.idAt(1), "other");
+
+        EXPECT_EQ(f.displayed(), (Texts { "one", "three" }));
+        EXPECT_EQ(f.selected(), "three");
+    }
+
+    TEST(PanelSelectionTest, AClipThatIsEvictedGivesTheSelectionToTheLastThatIsLeft)
+    {
+        PanelFixture f;
+        f.store.setMaxClips(3);
+        f.fill({ "a", "b", "c" });
+        f.selectAt(2);
+
+        f.add("new");
+
+        EXPECT_EQ(f.displayed(), (Texts { "new", "a", "b" }));
+        EXPECT_EQ(f.selected(), "b");
+    }
+
+    TEST(PanelSelectionTest, ACopyWhileNothingIsSelectedSelectsNothing)
+    {
+        PanelFixture f;
+
+        f.add("new");
+
+        EXPECT_EQ(f.store.panel().selectedClipID.value(), std::nullopt);
+    }
+
 } // namespace
 } // namespace korvane

@@ -94,7 +94,7 @@ namespace {
 
     TEST(PreviewTextTest, ControlCharactersAreMadeVisible)
     {
-        EXPECT_EQ(previewOf("\x1B[31mred\x07\x7F").text, "␛[31mred␇␡");
+        EXPECT_EQ(previewOf("\x1B[31mred\x07\x7F").text, "^[[31mred^G^?");
         EXPECT_EQ(previewOf("a\u009Bb").text, "a\uFFFDb");
     }
 
@@ -119,6 +119,12 @@ namespace {
     {
         EXPECT_EQ(previewOf("").text, "");
         EXPECT_FALSE(previewOf("").isCut);
+    }
+
+    TEST(PreviewTextTest, CharactersWithoutALookAreWrittenOutWhereThereIsNothingElse)
+    {
+        EXPECT_EQ(previewOf("\u2060\n\u200D").text, "<U+2060>↵\n<U+200D>");
+        EXPECT_EQ(previewOf("a\u202Eb").text, "a<U+202E>b");
     }
 
 } // namespace

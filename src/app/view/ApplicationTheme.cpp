@@ -1,7 +1,8 @@
 #include "app/view/ApplicationTheme.h"
 
+#include "app/view/ProgramStyle.h"
+
 #include <QApplication>
-#include <QProxyStyle>
 
 #include <memory>
 
@@ -18,31 +19,6 @@ namespace {
         return QColor::fromRgbF(mixed(ground.redF(), colour.redF()),
             mixed(ground.greenF(), colour.greenF()), mixed(ground.blueF(), colour.blueF()));
     }
-
-    /// The one style of the toolkit that takes every colour from the palette, without motion where
-    /// none is wanted: the toolkit's own controls and ours ask it.
-    class ProgramStyle : public QProxyStyle {
-    public:
-        explicit ProgramStyle(Observable<bool>& isAnimated)
-            : QProxyStyle(QStringLiteral("Fusion"))
-            , m_isAnimated(isAnimated.value())
-            , m_changed(isAnimated.onChange([this](bool is) { m_isAnimated = is; }))
-        {
-        }
-        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-            QStyleHintReturn* data) const override
-        {
-            if (hint == SH_Widget_Animation_Duration)
-                return m_isAnimated ? standardDuration : 0;
-            return QProxyStyle::styleHint(hint, option, widget, data);
-        }
-
-    private:
-        static constexpr int standardDuration = 200; // milliseconds
-
-        bool m_isAnimated;
-        Connection m_changed;
-    };
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "app/view/KeyEvents.h"
 #include "look/view/Colours.h"
+#include "look/view/Outline.h"
 #include "look/view/RoundedRegion.h"
 #include "panel/view/PanelMetrics.h"
 
@@ -108,10 +109,8 @@ void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
     if (!panel.contains(dirty))
         m_shadow.paint(painter, panel, schemeOf(palette()) == ColourScheme::dark ? 0.55 : 0.32);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(rounded(panel, metrics::panelRadius), colours.panel);
-    painter.setPen(colours.edge);
-    painter.drawPath(
-        rounded(QRectF(panel).adjusted(0.5, 0.5, -0.5, -0.5), metrics::panelRadius - 0.5));
+    painter.fillPath(rounded(onPixels(painter, panel), metrics::panelRadius), colours.panel);
+    paintOutline(painter, panel, metrics::panelRadius, colours.edge);
 }
 
 void KorPanel::paintOpaque(QPainter& painter)

@@ -2,6 +2,7 @@
 
 #include "look/view/Colours.h"
 #include "look/view/Fonts.h"
+#include "look/view/Outline.h"
 #include "look/view/RoundedRegion.h"
 
 #include <QAbstractButton>
@@ -107,10 +108,7 @@ namespace {
                     QRectF(place).adjusted(1, 1, -1, -1), radius - 1, radius - 1);
             } else {
                 painter.drawRoundedRect(place, radius, radius);
-                painter.setBrush(Qt::NoBrush);
-                painter.setPen(colours.edge);
-                painter.drawRoundedRect(
-                    QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+                paintOutline(painter, place, radius, colours.edge);
             }
             painter.restore();
         }

@@ -1,6 +1,7 @@
 #include "panel/view/Chevron.h"
 
 #include "look/view/Colours.h"
+#include "look/view/Outline.h"
 #include "look/view/Symbols.h"
 
 #include <QApplication>
@@ -41,7 +42,7 @@ void Chevron::paintEvent(QPaintEvent*)
     const auto& colours = coloursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const auto shape = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const auto shape = onPixels(painter, rect());
     const auto fill = [&](const QColor& colour) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(colour);
@@ -50,9 +51,7 @@ void Chevron::paintEvent(QPaintEvent*)
     fill(colours.panel); // the row under it does not shine through
     if (m_isHovered || isDown())
         fill(isDown() ? colours.pressed : colours.hover);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(colours.edge);
-    painter.drawRoundedRect(shape, radius, radius);
+    paintOutline(painter, shape, radius, colours.edge);
     m_symbols.paint(painter, m_direction == ScrollDirection::up ? "chevron.up" : "chevron.down",
         rect(), symbolSize, m_isHovered ? colours.text : colours.secondary);
 }

@@ -84,7 +84,7 @@ QString ClipListAccess::text(QAccessible::Text kind) const
     if (kind != QAccessible::Description || !list() || rowCount() != 0)
         return QAccessibleWidget::text(kind);
     const auto said = list()->emptyText();
-    return QString::fromStdString(said.title + ". " + std::string(said.hint));
+    return QString::fromStdString(said.title + ". " + said.hint);
 }
 
 QAccessibleInterface* ClipListAccess::row(const std::optional<ClipId>& id) const

@@ -68,6 +68,8 @@ void ClipListView::follow(PanelState& panel)
     m_connections.push_back(panel.selectedClipID.onChange(
         [this](const auto& selected) { selectionChanged(selected); }));
     m_connections.push_back(panel.isTabSwitching.onChange([this](bool isSwitching) {
+        if (isSwitching)
+            m_rename.giveUp(); // it would stand alone while the rows fade
         // Without motion the old rows stand until the new ones come: a list that is gone at once
         // would only flicker.
         m_opacity.goTo(isSwitching && EasedValue::isAnimated() ? 0 : 1,
@@ -105,6 +107,12 @@ QRectF ClipListView::rowRect(std::size_t index) const
     return { static_cast<double>(metrics::listPaddingX), std::round(top * ratio) / ratio,
         static_cast<double>(width() - 2 * metrics::listPaddingX),
         static_cast<double>(metrics::rowHeight) };
+}
+
+std::size_t ClipListView::firstRowAt(double y) const
+{
+    return static_cast<std::size_t>(
+        std::max((y + m_offset - metrics::listPaddingY) / metrics::rowPitch, 0.0));
 }
 
 std::optional<std::size_t> ClipListView::rowAt(const QPointF& point) const
@@ -171,10 +179,7 @@ void ClipListView::paintEvent(QPaintEvent* event)
             symbolOf(m_store.panel().panelFilterTab.value()), m_symbols, palette());
         return;
     }
-    const double first
-        = (event->rect().top() + m_offset - metrics::listPaddingY) / metrics::rowPitch;
-    for (auto index = static_cast<std::size_t>(std::max(first, 0.0)); index < rows.size();
-         ++index) {
+    for (auto index = firstRowAt(event->rect().top()); index < rows.size(); ++index) {
         const auto place = rowRect(index);
         if (place.top() > event->rect().bottom())
             break;
@@ -192,10 +197,7 @@ void ClipListView::showEvent(QShowEvent*)
 {
     m_now = m_loop.now();
     m_files.askAgain();
-    m_ageTick = m_loop.every(ageInterval, [this] {
-        m_now = m_loop.now();
-        update();
-    });
+    m_ageTick = m_loop.every(ageInterval, [this] { refreshAges(); });
     toTop(); // not where the last opening left it
     settle();
 }
@@ -265,6 +267,18 @@ void ClipListView::listChanged()
         m_rename.giveUp();
     settle();
     update();
+}
+
+void ClipListView::refreshAges()
+{
+    const auto before = std::exchange(m_now, m_loop.now());
+    for (std::size_t index = firstRowAt(0); index < displayed().size(); ++index) {
+        if (rowRect(index).top() > height())
+            break;
+        const auto& clip = *displayed()[index];
+        if (paneltexts::metaItems(clip, before) != paneltexts::metaItems(clip, m_now))
+            updateRow(index);
+    }
 }
 
 void ClipListView::selectionChanged(const std::optional<ClipId>& selected)

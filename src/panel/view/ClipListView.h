@@ -77,7 +77,10 @@ protected:
 
 private:
     void follow(PanelState& panel);
+    /// The row that is at a height of the list or the first one below it; there may be none.
+    std::size_t firstRowAt(double y) const;
     void listChanged();
+    void refreshAges();
     void selectionChanged(const std::optional<ClipId>& selected);
     const std::vector<const ClipItem*>& displayed() const { return m_store.filteredClips(); }
     void settle();

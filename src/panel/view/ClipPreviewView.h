@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/view/Announcement.h"
 #include "panel/view/PreviewTextView.h"
 
 #include <QWidget>
@@ -21,10 +22,14 @@ public:
     PreviewTextView& text() { return m_text; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void announce();
+
     PreviewTextView m_text { this };
+    Announcement m_announcement { this };
 };
 
 } // namespace korvane

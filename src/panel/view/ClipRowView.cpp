@@ -3,6 +3,7 @@
 #include "look/view/Colours.h"
 #include "look/view/ElidedText.h"
 #include "look/view/Fonts.h"
+#include "look/view/Outline.h"
 #include "look/view/Symbols.h"
 #include "panel/PanelTexts.h"
 #include "panel/view/PanelMetrics.h"
@@ -154,9 +155,10 @@ void ClipRowView::paintGround(
     QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette)
 {
     const auto& colours = coloursOf(palette);
+    const auto ground = onPixels(painter, row);
     const auto fill = [&](const QColor& colour) {
         painter.setBrush(colour);
-        painter.drawRoundedRect(row, metrics::rowRadius, metrics::rowRadius);
+        painter.drawRoundedRect(ground, metrics::rowRadius, metrics::rowRadius);
     };
     painter.setPen(Qt::NoPen);
     if (shown.isSelected)
@@ -168,10 +170,7 @@ void ClipRowView::paintGround(
     if (!shown.isSelected)
         return;
     // Under the pointer the edge is stronger; the ground stays, as texts must stand out from it.
-    painter.setPen(QPen(colours.selectionEdge, shown.isHovered ? 2 : 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(
-        row.adjusted(0.5, 0.5, -0.5, -0.5), metrics::rowRadius - 0.5, metrics::rowRadius - 0.5);
+    paintOutline(painter, row, metrics::rowRadius, colours.selectionEdge, shown.isHovered ? 2 : 1);
 }
 
 void ClipRowView::paintKind(

@@ -231,6 +231,12 @@ void FilterTabBar::leaveEvent(QEvent*)
     setHovered(std::nullopt);
 }
 
+void FilterTabBar::hideEvent(QHideEvent*)
+{
+    m_pressed.reset();
+    setHovered(std::nullopt);
+}
+
 void FilterTabBar::keyPressEvent(QKeyEvent* event)
 {
     const auto shown = m_store.panel().shownTab();

@@ -11,9 +11,8 @@ namespace korvane {
 
 namespace {
     constexpr double radius = 7;
-    constexpr double symbolSize = 13;
-    // A symbol fills 18 of the 24 units of its drawing.
-    constexpr double boxSize = symbolSize * 24 / 18;
+    // A symbol fills 18 of the 24 units of its drawing: what is seen of it is 13 points wide.
+    constexpr double boxSize = 17;
     constexpr double ringWidth = 1.5;
 } // namespace
 

@@ -7,6 +7,7 @@
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/PanelFooter.h"
 #include "panel/view/PanelHeader.h"
+#include "panel/view/PreviewTextView.h"
 
 #include <memory>
 
@@ -27,7 +28,7 @@ namespace {
         };
         if (dynamic_cast<PanelHeader*>(object))
             return widget(QAccessible::Grouping);
-        if (dynamic_cast<PanelFooter*>(object))
+        if (dynamic_cast<PanelFooter*>(object) || dynamic_cast<PreviewTextView*>(object))
             return widget(QAccessible::StaticText);
         if (dynamic_cast<Announcement*>(object))
             return widget(QAccessible::Notification);

@@ -12,7 +12,6 @@ RenameField::RenameField(TextReader reader, Listener listener, QWidget* parent)
     , m_listener(std::move(listener))
 {
     hide();
-    setFont(textFont(13));
     setAccessibleName(QStringLiteral("Name"));
     setTextMargins(-2, 0, 0, 0); // its text stands where the title stood
     setPlaceholderText(QString::fromUtf8(paneltexts::renamePlaceholder));
@@ -27,6 +26,7 @@ RenameField::RenameField(TextReader reader, Listener listener, QWidget* parent)
 void RenameField::begin(const ClipItem& clip, const QRect& place)
 {
     m_clip = clip.id;
+    setFont(textFont(13)); // the desktop's own may have changed
     setText(QString::fromStdString(clip.customName.value_or(std::string())));
     selectAll();
     setGeometry(place);

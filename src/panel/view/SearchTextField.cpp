@@ -48,6 +48,8 @@ bool SearchTextField::event(QEvent* event)
         m_field.setFocus(Qt::ActiveWindowFocusReason);
     else if (event->type() == QEvent::PaletteChange)
         dress();
+    else if (event->type() == QEvent::FontChange)
+        m_field.setFont(textFont(14));
     return QWidget::event(event);
 }
 

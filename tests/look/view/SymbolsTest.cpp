@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QImage>
 
 #include <string>
@@ -103,6 +105,23 @@ namespace {
         const auto image = symbols.pixmap("lock.fill", 48, 1, QColor(0, 0, 0, 100)).toImage();
 
         EXPECT_NEAR(image.pixelColor(24, 36).alpha(), 90, 12);
+    }
+
+    TEST(SymbolsTest, AllAreDrawnOnOneGridInOneWidthOfStroke)
+    {
+        const QDir folder(QStringLiteral(":/symbols"));
+        const auto names = folder.entryList({ QStringLiteral("*.svg") });
+        EXPECT_GT(names.size(), 15);
+        for (const auto& name : names) {
+            QFile file(folder.filePath(name));
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            const auto drawing = file.readAll();
+            EXPECT_TRUE(drawing.contains("viewBox=\"0 0 24 24\"")) << name.toStdString();
+            EXPECT_TRUE(drawing.contains("stroke-width=\"1.5\"")) << name.toStdString();
+            // The dots of a menu are strokes without a length, as wide as the dots are to be.
+            const int widths = name.startsWith(QLatin1String("ellipsis")) ? 2 : 1;
+            EXPECT_EQ(drawing.count("stroke-width"), widths) << name.toStdString();
+        }
     }
 
 } // namespace

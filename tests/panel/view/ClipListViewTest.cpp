@@ -276,6 +276,21 @@ namespace {
         EXPECT_EQ(paints.count, 0);
     }
 
+    TEST(ClipListViewTest, AMinuteInWhichNoAgeChangesRepaintsNothing)
+    {
+        ListFixture f(50);
+        f.list.hide();
+        f.loop.advance(49h);
+        f.list.show();
+        test::settle();
+        test::PaintCounter paints(f.list);
+
+        f.loop.advance(1min);
+        test::settle();
+
+        EXPECT_EQ(paints.count, 0);
+    }
+
     TEST(ClipListViewTest, AgesAreBroughtUpToDateEveryMinuteWhileTheListIsShown)
     {
         ListFixture f(50);

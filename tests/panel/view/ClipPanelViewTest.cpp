@@ -173,5 +173,27 @@ namespace {
         EXPECT_LT(timeOfStep(9999), 2 * timeOfStep(50) + 2ms);
     }
 
+    TEST(ClipPanelViewTest, EveryTextFollowsTheDesktopsFont)
+    {
+        PanelViewFixture f(8);
+        const auto before = QApplication::font();
+        auto other = before;
+        other.setFamily(QStringLiteral("Another Family"));
+
+        // What the toolkit sends of itself only while its loop runs.
+        const auto setFont = [&f](const QFont& font) {
+            QApplication::setFont(font);
+            QEvent changed(QEvent::ApplicationFontChange);
+            QApplication::sendEvent(&f.view, &changed);
+        };
+
+        setFont(other);
+        const auto family = f.view.search().field().font().family();
+        setFont(before);
+
+        EXPECT_EQ(family, QStringLiteral("Another Family"));
+        EXPECT_EQ(f.view.search().field().font().family(), before.family());
+    }
+
 } // namespace
 } // namespace korvane

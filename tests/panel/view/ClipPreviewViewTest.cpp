@@ -38,7 +38,7 @@ namespace {
 
         view.setClip(clipOf("second\x1B"));
 
-        EXPECT_EQ(view.text().text(), QStringLiteral("second␛"));
+        EXPECT_EQ(view.text().text(), QStringLiteral("second^["));
     }
 
     TEST(ClipPreviewViewTest, ACodeClipIsInTheMonospacedFontAndAllOthersAreNot)

@@ -222,5 +222,14 @@ namespace {
         EXPECT_EQ(f.view.focusWidget(), &f.field());
     }
 
+    TEST(ClipRenameTest, AnotherTabGivesUp)
+    {
+        RenameFixture f;
+
+        test::click(f.view.tabs(), f.view.tabs().chip(FilterTab::text).center());
+
+        EXPECT_FALSE(f.view.list().isRenaming());
+    }
+
 } // namespace
 } // namespace korvane

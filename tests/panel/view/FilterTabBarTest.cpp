@@ -190,5 +190,18 @@ namespace {
         EXPECT_EQ(paints.count, 0);
     }
 
+    TEST(FilterTabBarTest, ATabThatWasHeldAsThePanelClosedIsHeldNoLongerAtTheNextOpening)
+    {
+        TabBarFixture f;
+        const auto idle = f.bar.grab().toImage();
+        test::press(f.bar, f.bar.chip(FilterTab::code).center());
+        EXPECT_NE(f.bar.grab().toImage(), idle);
+
+        f.bar.hide();
+        f.bar.show();
+
+        EXPECT_EQ(f.bar.grab().toImage(), idle);
+    }
+
 } // namespace
 } // namespace korvane

@@ -189,5 +189,65 @@ namespace {
         EXPECT_NEAR(badge->place.height(), 14 + 2 * 2, 0.01);
     }
 
+    TEST(PanelMeasuresTest, TheLineUnderATitleAndTheMarkOfALargeClipStandBack)
+    {
+        ClipItem clip;
+        clip.text = "some text";
+        clip.sourceApp = "Editor";
+        const RowMeasures f({ .clip = clip });
+
+        const auto application = f.painted.text(QStringLiteral("Editor"));
+
+        expectFont(application.font, 10.5, QFont::Normal);
+        EXPECT_EQ(application.colour, coloursOf(f.palette).secondary);
+    }
+
+    TEST(PanelMeasuresTest, TheSymbolsOfTheHeaderAndOfTheSearchHaveTheirSizes)
+    {
+        PanelMeasures f;
+
+        const PaintRecorder header(f.view.header());
+        ASSERT_EQ(header.pictures().size(), 3U);
+        for (const auto& symbol : header.pictures())
+            EXPECT_EQ(symbol.size(), QSizeF(17, 17));
+        const PaintRecorder search(f.view.search());
+        ASSERT_FALSE(search.pictures().empty());
+        EXPECT_EQ(search.pictures().front().size(), QSizeF(15, 15));
+    }
+
+    TEST(PanelMeasuresTest, TheTotalsAreGreenThenGreyThenOrangeThenRed)
+    {
+        PanelMeasures f;
+        const auto& colours = coloursOf(f.view.palette());
+        f.store.setMaxClips(100);
+        const auto expectAt = [&](int count, const QColor& colour) {
+            while (static_cast<int>(f.store.clips().size()) < count)
+                f.add("clip " + std::to_string(f.store.clips().size()));
+            const PaintRecorder painted(f.view.footer());
+            ASSERT_EQ(painted.texts().size(), 1U);
+            expectFont(painted.texts().front().font, 11, QFont::Medium);
+            EXPECT_EQ(painted.texts().front().colour, colour) << count;
+        };
+
+        expectAt(49, colours.accent);
+        expectAt(50, colours.secondary);
+        expectAt(75, colours.orangeText);
+        expectAt(90, colours.redText);
+    }
+
+    TEST(PanelMeasuresTest, TheTotalsTakeTheirColourFromTheSizeWhereThatIsFuller)
+    {
+        PanelMeasures f;
+        f.store.setMaxTotalSizeMB(50);
+        f.store.setMaxClipSizeKB(10240);
+        for (const char letter : { 'a', 'b', 'c', 'd' })
+            f.add(std::string(10UL * 1024 * 1024 - 10, letter));
+
+        const PaintRecorder painted(f.view.footer());
+
+        ASSERT_EQ(painted.texts().size(), 1U);
+        EXPECT_EQ(painted.texts().front().colour, coloursOf(f.view.palette()).orangeText);
+    }
+
 } // namespace
 } // namespace korvane
