@@ -252,7 +252,6 @@ namespace {
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
-        QGuiApplication::setApplicationDisplayName("Korvane");
         QGuiApplication::setDesktopFileName(folderName);
         QGuiApplication::setQuitOnLastWindowClosed(false);
         // Not by the environment, which the programs that we start would inherit.

@@ -107,10 +107,12 @@ void PanelController::rename(const ClipId& id, std::string_view name)
     m_store.rename(id, name);
 }
 
-void PanelController::quickLook(const ClipId& id, std::optional<double> rowMidY)
+void PanelController::quickLook(const ClipId& id)
 {
-    withClip(id, [this, rowMidY](const ClipItem& clip) {
-        m_host.showPreview(clip, rowMidY.value_or(m_store.panel().selectedRowMidY));
+    withClip(id, [this](const ClipItem& clip) {
+        // The keys act on what is selected, and the user will take that to be what is looked at.
+        m_store.panel().selectedClipID.set(clip.id);
+        m_host.showPreview(clip, m_store.panel().selectedRowMidY);
     });
 }
 
@@ -273,8 +275,10 @@ void PanelController::keepSelectionDisplayed()
     const auto& displayed = m_store.filteredClips();
     if (const auto index = indexOf(displayed, selected))
         m_selectedIndex = *index;
-    else if (selected)
+    else if (selected) {
+        m_host.hidePreview(); // as for any other move of the selection
         select(m_store, displayed, m_selectedIndex);
+    }
 }
 
 /// The clip is copied first: what is done with it may move or end the one in the list.

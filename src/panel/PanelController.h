@@ -56,10 +56,8 @@ public:
     void togglePin(const ClipId& id);
     /// The end of a rename in place; an empty name removes the clip's own name.
     void rename(const ClipId& id, std::string_view name);
-    /// Shows the preview of the clip.
-    /// @param rowMidY  vertical middle of its row, downward from the panel's top edge, in points;
-    ///                 none: as last reported for the selected row
-    void quickLook(const ClipId& id, std::optional<double> rowMidY = std::nullopt);
+    /// Selects the clip and shows its preview.
+    void quickLook(const ClipId& id);
     /// Deletes the clip. When it is the selected one, the selection moves as it does for ⌘Delete.
     void remove(const ClipId& id);
 

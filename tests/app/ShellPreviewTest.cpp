@@ -76,12 +76,22 @@ namespace {
         }
     }
 
-    TEST(ShellPreviewTest, TypingAndPinningLeaveThePreviewAsItIs)
+    TEST(ShellPreviewTest, ASearchThatHidesTheClipHidesItsPreview)
     {
         PreviewFixture f;
         f.press(keycodes::space);
 
         f.app->clipStore().panel().panelSearch.set("old");
+
+        EXPECT_FALSE(f.preview->isShown);
+    }
+
+    TEST(ShellPreviewTest, ASearchThatFindsTheClipAndPinningLeaveThePreviewAsItIs)
+    {
+        PreviewFixture f;
+        f.press(keycodes::space);
+
+        f.app->clipStore().panel().panelSearch.set("new");
         f.press(35, modifiers::command, "p");
         f.copy("the newest");
 
@@ -205,7 +215,7 @@ namespace {
         f.press(keycodes::space);
         f.preview->height = 300;
 
-        f.panelController->quickLook(f.clip(1).id, 200.0);
+        f.panelController->quickLook(f.clip(1).id);
 
         EXPECT_EQ(f.preview->clip.text, "older");
         EXPECT_EQ(f.preview->place.height, 324);

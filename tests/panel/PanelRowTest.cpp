@@ -52,20 +52,19 @@ namespace {
         EXPECT_EQ(f.store.clips()[0].customName, " Invoice ");
     }
 
-    TEST(PanelRowTest, QuickLookShowsAnyRowsClip)
+    TEST(PanelRowTest, QuickLookShowsAnyRowsClipAndSelectsItForTheKeys)
     {
         PanelFixture f;
         f.fill({ "a", "b" });
         f.selectAt(0);
         f.store.panel().selectedRowMidY = 145;
 
-        f.controller.quickLook(f.idAt(1), 195);
         f.controller.quickLook(f.idAt(1));
 
-        ASSERT_EQ(f.host.previews.size(), 2U);
+        ASSERT_EQ(f.host.previews.size(), 1U);
         EXPECT_EQ(f.host.previews[0].clip.text, "b");
-        EXPECT_EQ(f.host.previews[0].rowMidY, 195);
-        EXPECT_EQ(f.host.previews[1].rowMidY, 145);
+        EXPECT_EQ(f.host.previews[0].rowMidY, 145);
+        EXPECT_EQ(f.selected(), "b");
     }
 
     TEST(PanelRowTest, DeletingAnotherRowKeepsTheSelection)

@@ -43,8 +43,8 @@ KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role r
     : QWidget(nullptr, flagsOf(role))
     , m_tellFrame(std::move(tellFrame))
 {
-    // The toolkit adds the program's name to a title that does not end with it.
-    setWindowTitle(role == Role::preview ? QStringLiteral("Preview") : QStringLiteral("Korvane"));
+    setWindowTitle(
+        role == Role::preview ? QStringLiteral("Korvane Preview") : QStringLiteral("Korvane"));
     setAttribute(Qt::WA_ShowWithoutActivating, role == Role::preview);
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.
@@ -106,7 +106,11 @@ void KorPanel::paintTranslucent(QPainter& painter, const QRect& dirty)
 {
     const auto& colours = coloursOf(palette());
     const auto panel = rect().marginsRemoved(m_margins);
-    if (!panel.contains(dirty))
+    // Under the rounded corners there is shadow, too.
+    constexpr int radius = metrics::panelRadius;
+    const bool isWithin = panel.adjusted(radius, 0, -radius, 0).contains(dirty)
+        || panel.adjusted(0, radius, 0, -radius).contains(dirty);
+    if (!isWithin)
         m_shadow.paint(painter, panel, schemeOf(palette()) == ColourScheme::dark ? 0.55 : 0.32);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(rounded(onPixels(painter, panel), metrics::panelRadius), colours.panel);

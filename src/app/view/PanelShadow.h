@@ -3,6 +3,7 @@
 #include <QMargins>
 #include <QPixmap>
 #include <QRect>
+#include <QSize>
 
 class QPainter;
 
@@ -21,6 +22,7 @@ public:
 
 private:
     QPixmap m_around; ///< the shadow of the smallest panel that has all of it
+    QSize m_smallest; ///< that panel
     double m_strength = 0;
 };
 

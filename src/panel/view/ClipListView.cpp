@@ -12,6 +12,7 @@
 #include "panel/view/FilterTabBar.h"
 #include "panel/view/PanelMetrics.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -228,11 +229,29 @@ void ClipListView::mouseMoveEvent(QMouseEvent* event)
 void ClipListView::mousePressEvent(QMouseEvent* event)
 {
     m_rename.giveUp();
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || isForSomethingGone(event->globalPosition().toPoint()))
         return;
     const auto index = rowAt(event->position());
     m_pressed = index ? std::optional(displayed()[*index]->id) : std::nullopt;
     updateRow(index);
+}
+
+bool ClipListView::isForSomethingGone(const QPoint& global)
+{
+    const auto sinceThen = [this] { return m_loop.now() - m_ignoredSince; };
+    const std::chrono::milliseconds atOnce { QApplication::doubleClickInterval() };
+    if (m_ignoredAt != global || sinceThen() > atOnce) {
+        m_ignoredAt.reset();
+        return false;
+    }
+    m_ignoredSince = m_loop.now();
+    return true;
+}
+
+void ClipListView::ignoreClicksAt(const QPoint& global)
+{
+    m_ignoredAt = global;
+    m_ignoredSince = m_loop.now();
 }
 
 void ClipListView::mouseReleaseEvent(QMouseEvent* event)
@@ -348,9 +367,8 @@ void ClipListView::updateRow(std::optional<std::size_t> index)
 QMenu* ClipListView::openMenu(std::size_t index, const QPoint& at)
 {
     const auto& clip = *displayed()[index];
-    const double rowMidY = metrics::listTop + rowRect(index).center().y();
     auto* menu = makeClipRowMenu(
-        clip, m_controller, [this, id = clip.id] { beginRename(id); }, rowMidY, this);
+        clip, m_controller, [this, id = clip.id] { beginRename(id); }, this);
     connect(menu, &QMenu::aboutToHide, this, [this] { setMenuRow(std::nullopt); });
     setMenuRow(clip.id);
     menu->popup(at);

@@ -43,6 +43,10 @@ public:
     QRectF rowRect(std::size_t index) const;
     std::optional<std::size_t> rowAt(const QPointF& point) const;
 
+    /// Something that lay over the list and was clicked is there no longer: clicks that follow at once
+    /// in the same place of the screen were meant for it, and choose no clip.
+    void ignoreClicksAt(const QPoint& global);
+
     bool isRenaming() const { return m_rename.clip().has_value(); }
     /// Puts a field in the place of the clip's title.
     void beginRename(const ClipId& id);
@@ -81,6 +85,7 @@ private:
     std::size_t firstRowAt(double y) const;
     void listChanged();
     void refreshAges();
+    bool isForSomethingGone(const QPoint& global);
     void selectionChanged(const std::optional<ClipId>& selected);
     const std::vector<const ClipItem*>& displayed() const { return m_store.filteredClips(); }
     void settle();
@@ -107,6 +112,8 @@ private:
     std::optional<QPointF> m_pointer; // while it is over the list
     std::optional<std::size_t> m_hovered;
     std::optional<ClipId> m_pressed;
+    std::optional<QPoint> m_ignoredAt; // clicks here are not for us
+    TimePoint m_ignoredSince {};
     bool m_isPrivate = false;
     std::optional<ClipId> m_menuRow; // whose menu is open
     RenameField m_rename;

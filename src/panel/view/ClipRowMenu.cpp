@@ -11,7 +11,7 @@ namespace korvane {
 namespace {
 
     std::function<void()> performed(paneltexts::RowAction action, const ClipId& id,
-        PanelController& controller, std::function<void()> beginRename, double rowMidY)
+        PanelController& controller, std::function<void()> beginRename)
     {
         using enum paneltexts::RowAction;
         switch (action) {
@@ -26,7 +26,7 @@ namespace {
         case rename:
             return beginRename;
         case quickLook:
-            return [&controller, id, rowMidY] { controller.quickLook(id, rowMidY); };
+            return [&controller, id] { controller.quickLook(id); };
         case remove:
             return [&controller, id] { controller.remove(id); };
         }
@@ -36,7 +36,7 @@ namespace {
 } // namespace
 
 PanelMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
-    const std::function<void()>& beginRename, double rowMidY, QWidget* parent)
+    const std::function<void()>& beginRename, QWidget* parent)
 {
     auto* menu = PanelMenu::make(parent);
     // It has closed by then, but for a line that assistive technology chose.
@@ -46,8 +46,7 @@ PanelMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
             menu->addSeparator();
             continue;
         }
-        menu->addLine(item.title,
-            performed(*item.action, clip.id, controller, beginRename, rowMidY),
+        menu->addLine(item.title, performed(*item.action, clip.id, controller, beginRename),
             *item.action == paneltexts::RowAction::remove ? PanelMenu::Tone::destructive
                                                           : PanelMenu::Tone::plain);
     }

@@ -14,8 +14,7 @@ class PanelMenu;
 
 /// The context menu of a row. It deletes itself when it closes.
 /// @param beginRename  starts the rename in place
-/// @param rowMidY  where the row is, for the preview to open beside it
 PanelMenu* makeClipRowMenu(const ClipItem& clip, PanelController& controller,
-    const std::function<void()>& beginRename, double rowMidY, QWidget* parent);
+    const std::function<void()>& beginRename, QWidget* parent);
 
 } // namespace korvane

@@ -4,6 +4,8 @@
 #include "panel/view/ClipListView.h"
 #include "panel/view/PanelMetrics.h"
 
+#include <QCursor>
+
 namespace korvane {
 
 namespace {
@@ -50,8 +52,16 @@ void ListChevrons::showChevrons()
     const bool hasMoreBelow = m_scroller.tracker().isChevronVisible(ScrollDirection::down);
     m_upShadow.setVisible(hasMoreAbove);
     m_downShadow.setVisible(hasMoreBelow);
-    m_up.setVisible(hasMoreAbove);
-    m_down.setVisible(hasMoreBelow);
+    show(m_up, hasMoreAbove);
+    show(m_down, hasMoreBelow);
+}
+
+void ListChevrons::show(Chevron& chevron, bool isShown)
+{
+    const auto pointer = QCursor::pos();
+    if (!isShown && chevron.isVisible() && chevron.rect().contains(chevron.mapFromGlobal(pointer)))
+        m_list.ignoreClicksAt(pointer);
+    chevron.setVisible(isShown);
 }
 
 } // namespace korvane

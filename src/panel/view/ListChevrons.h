@@ -33,6 +33,7 @@ public:
 private:
     Chevron::Events events(ScrollDirection direction);
     void showChevrons();
+    void show(Chevron& chevron, bool isShown);
 
     ClipListView& m_list;
     ChevronScroller m_scroller;

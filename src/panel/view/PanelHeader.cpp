@@ -63,6 +63,7 @@ PanelHeader::PanelHeader(PanelController& controller, Symbols& symbols, QWidget*
     m_settingsButton.setSymbol("gearshape");
     m_settingsButton.setToolTip(QString::fromUtf8(paneltexts::preferencesToolTip));
     m_menuButton.setSymbol("ellipsis.circle");
+    m_menuButton.setToolTip(QStringLiteral("Menu"));
     m_privateModeChanged
         = controller.observePrivateMode([this](bool isPrivate) { showPrivateMode(isPrivate); });
 }

@@ -60,7 +60,7 @@ namespace {
 
         EXPECT_TRUE(f.window.panel().windowFlags().testFlag(Qt::BypassWindowManagerHint));
         EXPECT_TRUE(f.window.panel().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        EXPECT_EQ(f.window.panel().windowTitle(), QStringLiteral("Preview"));
+        EXPECT_EQ(f.window.panel().windowTitle(), QStringLiteral("Korvane Preview"));
     }
 
     TEST(ClipPreviewWindowTest, ItIsHiddenUntilItIsShown)

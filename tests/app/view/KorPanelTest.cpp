@@ -214,6 +214,40 @@ namespace {
         EXPECT_EQ(picture.pixelColor(middle, panel.center().y()).alpha(), 255);
     }
 
+    TEST(KorPanelTest, TheShadowOfALowWindowIsAsSmoothAsThatOfAHighOne)
+    {
+        WindowFixture f;
+        f.isComposited.set(true);
+        f.window.setVisibleFrame({ 100, 100, 480, 40 });
+
+        const auto picture = f.picture();
+        const auto panel = f.window.visibleFrame().translated(-f.window.pos());
+
+        // Beside it the shadow changes from pixel to pixel by little, all the way down.
+        const int beside = panel.left() - 6;
+        for (int y = 1; y < picture.height(); ++y)
+            EXPECT_NEAR(
+                picture.pixelColor(beside, y).alpha(), picture.pixelColor(beside, y - 1).alpha(), 9)
+                << y;
+    }
+
+    TEST(KorPanelTest, ARepaintOfItsFootKeepsTheShadowUnderTheCorners)
+    {
+        WindowFixture f;
+        f.isComposited.set(true);
+        const auto whole = f.picture();
+        const auto panel = f.window.visibleFrame().translated(-f.window.pos());
+        const QRect foot(panel.left(), panel.bottom() - 42, panel.width(), 43);
+
+        QImage part(whole.size(), QImage::Format_ARGB32_Premultiplied);
+        part.fill(Qt::transparent);
+        f.window.render(&part, foot.topLeft(), QRegion(foot), QWidget::DrawWindowBackground);
+
+        EXPECT_EQ(part.pixelColor(foot.left(), foot.bottom()).alpha(),
+            whole.pixelColor(foot.left(), foot.bottom()).alpha());
+        EXPECT_GT(part.pixelColor(foot.left(), foot.bottom()).alpha(), 20);
+    }
+
     TEST(KorPanelTest, AMenuThatIsOpenGoesWithTheWindow)
     {
         WindowFixture f;

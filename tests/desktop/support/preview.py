@@ -5,7 +5,7 @@ from support.display import Box
 from support.history import clip
 from support.waiting import wait_for
 
-TITLE = "Preview — Korvane"
+TITLE = "Korvane Preview"
 SCREEN = Box(0, 0, 1440, 900)
 PANEL = 360
 WIDTH = 484

@@ -205,6 +205,29 @@ namespace {
         EXPECT_EQ(f.list().offset(), moved);
     }
 
+    TEST(ListChevronsTest, AClickTooManyAtTheEndChoosesNoClip)
+    {
+        ChevronsFixture f;
+        const auto pointer = f.down().mapToGlobal(QPoint(14, 10));
+        const auto place = f.list().mapFromGlobal(QPointF(pointer));
+        const auto before = QCursor::pos();
+        QCursor::setPos(pointer);
+        f.list().setOffset(f.most() - 100);
+        f.click(f.down());
+        f.loop.advance(200ms);
+        QCursor::setPos(before); // for the tests to come; the list has been told
+        ASSERT_FALSE(f.down().isVisible());
+
+        for (int clicks = 0; clicks < 3; ++clicks) {
+            test::click(f.list(), place);
+            f.loop.advance(300ms);
+        }
+        EXPECT_TRUE(f.actions.done.empty());
+        f.loop.advance(1s);
+        test::click(f.list(), place);
+        EXPECT_EQ(f.actions.done.size(), 1U);
+    }
+
     TEST(ListChevronsTest, TheWheelOverAChevronScrollsTheList)
     {
         ChevronsFixture f;
