@@ -59,13 +59,23 @@ class PreviewKeysTest(PreviewTest):
         self.assertIsNotNone(self.preview())
         self.assertTrue(self.korvane.is_open())
 
-    def test_typing_goes_on_filtering_while_it_is_open(self):
+    def test_a_search_that_finds_its_clip_leaves_it_open(self):
         box = self.show()
-        self.keys.type("thr")
-        self.keys.press("Control_L", "p")
-        self.history.wait_for("the first hit is pinned",
-                              lambda clips: [c["text"] for c in clips if c["isPinned"]] == ["three"])
+        self.keys.type("on")
+        self.expect_pinned("one")
         self.assertEqual(self.preview(), box)
+
+    def test_a_search_that_hides_its_clip_closes_it_and_goes_on(self):
+        self.show()
+        self.keys.type("thr")
+        self.wait_until_hidden()
+        self.expect_pinned("three")
+
+    def expect_pinned(self, text):
+        """The selected clip is pinned by its key, and is this one."""
+        self.keys.press("Control_L", "p")
+        self.history.wait_for(f"{text!r} is pinned",
+                              lambda clips: [c["text"] for c in clips if c["isPinned"]] == [text])
 
     def test_it_never_has_the_keyboard_and_is_never_the_active_window(self):
         active = self.screen.active()
@@ -82,10 +92,8 @@ class PreviewKeysTest(PreviewTest):
         box = self.show()
         for button in (1, 3, 2, 4, 5):
             self.keys.click(*box.middle, button=button)
-        self.keys.type("tw")
-        self.keys.press("Control_L", "p")
-        self.history.wait_for("the panel hears the keys",
-                              lambda clips: [c["text"] for c in clips if c["isPinned"]] == ["two"])
+        self.keys.type("on")
+        self.expect_pinned("one")
         self.assertEqual(self.preview(), box)
         self.assertTrue(self.korvane.has_keyboard())
 
