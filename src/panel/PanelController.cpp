@@ -118,10 +118,7 @@ void PanelController::quickLook(const ClipId& id)
 
 void PanelController::remove(const ClipId& id)
 {
-    if (m_store.panel().selectedClipID.value() == id)
-        deleteSelected();
-    else
-        withClip(id, [this](const ClipItem& clip) { m_store.deleteClip(clip); });
+    withClip(id, [this](const ClipItem& clip) { m_store.deleteClip(clip); });
 }
 
 void PanelController::switchTab(FilterTab tab)
@@ -212,7 +209,8 @@ bool PanelController::perform(panelcommands::HidePreview)
 
 bool PanelController::perform(panelcommands::DeleteSelected)
 {
-    deleteSelected();
+    if (const auto& selected = m_store.panel().selectedClipID.value())
+        remove(*selected);
     return true;
 }
 
@@ -256,19 +254,9 @@ bool PanelController::perform(panelcommands::TogglePin)
     return true;
 }
 
-void PanelController::deleteSelected()
-{
-    const auto selected = m_store.panel().selectedClipID.value();
-    if (!selected)
-        return;
-    const auto index = indexOf(m_store.filteredClips(), selected).value_or(0);
-    withClip(selected, [this](const ClipItem& clip) { m_store.deleteClip(clip); });
-    select(m_store, m_store.filteredClips(), index);
-}
-
 /// A key must never act on a clip that the user does not see, because the search has hidden it, it
-/// has been unpinned in the tab of the pinned, or it has been evicted. The selection goes to the first
-/// hit then, or to the clip that has come into its place.
+/// has been unpinned in the tab of the pinned, deleted or evicted. The selection goes to the first
+/// hit then, or to the clip that has come into its place, the last one where none has.
 void PanelController::keepSelectionDisplayed()
 {
     const auto& selected = m_store.panel().selectedClipID.value();

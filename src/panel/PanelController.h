@@ -41,7 +41,7 @@ public:
     void prepareToOpen(std::optional<std::string_view> clipboardText);
 
     /// The late end of an opening, when the text on the clipboard had to be fetched: selects the
-    /// displayed clip with this text, or else the first one. The list stays as it stands.
+    /// displayed clip with this text, or else the first one.
     void selectText(std::string_view text);
 
     /// A click on a row: selects the clip, puts it on the clipboard (or reveals its file) and
@@ -58,7 +58,8 @@ public:
     void rename(const ClipId& id, std::string_view name);
     /// Selects the clip and shows its preview.
     void quickLook(const ClipId& id);
-    /// Deletes the clip. When it is the selected one, the selection moves as it does for ⌘Delete.
+    /// Deletes the clip. When it is the selected one, the selection goes to the one that comes into its
+    /// place, or to the last.
     void remove(const ClipId& id);
 
     /// A click on a tab.
@@ -85,7 +86,6 @@ private:
     bool perform(panelcommands::MoveSelection command);
     bool perform(panelcommands::TogglePin command);
 
-    void deleteSelected();
     void keepSelectionDisplayed();
     void withClip(const std::optional<ClipId>& id, const std::function<void(const ClipItem&)>& act);
 

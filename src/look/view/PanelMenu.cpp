@@ -19,8 +19,6 @@ namespace korvane {
 
 namespace {
 
-    constexpr int menuRadius = 12; // the same as the panel's
-
     constexpr int padding = 6;
     constexpr int lineHeight = 28;
     constexpr int linePadding = 10;
@@ -94,7 +92,7 @@ namespace {
         static void drawGround(
             QPainter& painter, const QRect& place, const Colours& colours, bool isCut)
         {
-            constexpr double radius = menuRadius;
+            constexpr double radius = windowRadius;
             painter.save();
             painter.setCompositionMode(QPainter::CompositionMode_Source);
             painter.fillRect(place, isCut ? colours.panel : QColor(Qt::transparent));
@@ -209,7 +207,7 @@ void PanelMenu::resizeEvent(QResizeEvent* event)
     if (m_opener.window()->mask().isEmpty())
         clearMask();
     else
-        setMask(roundedRegion(rect(), menuRadius));
+        setMask(roundedRegion(rect(), windowRadius));
 }
 
 } // namespace korvane

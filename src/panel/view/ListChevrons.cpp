@@ -58,9 +58,11 @@ void ListChevrons::showChevrons()
 
 void ListChevrons::show(Chevron& chevron, bool isShown)
 {
-    const auto pointer = QCursor::pos();
-    if (!isShown && chevron.isVisible() && chevron.rect().contains(chevron.mapFromGlobal(pointer)))
-        m_list.ignoreClicksAt(pointer);
+    if (!isShown && chevron.isVisible()) {
+        const auto pointer = QCursor::pos(); // which asks the display
+        if (chevron.rect().contains(chevron.mapFromGlobal(pointer)))
+            m_list.ignoreClicksAt(pointer);
+    }
     chevron.setVisible(isShown);
 }
 

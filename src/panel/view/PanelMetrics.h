@@ -1,11 +1,13 @@
 #pragma once
 
+#include "look/view/RoundedRegion.h"
+
 namespace korvane {
 
 /// The panel's measures, in points.
 namespace metrics {
     inline constexpr int panelWidth = 360;
-    inline constexpr int panelRadius = 12;
+    inline constexpr int panelRadius = windowRadius;
 
     inline constexpr int headerHeight = 42;
     inline constexpr int searchHeight = 38;
