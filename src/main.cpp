@@ -117,8 +117,11 @@ namespace {
             if (!m_app.launch())
                 return false;
             m_tray.show();
-            if (!TrayItem::isAvailable())
-                m_log.line("Korvane: there is no tray; korvane --show opens the panel");
+            // At the start of a desktop the tray may come after the programs that show icons in it.
+            m_trayCheck = m_loop.after(std::chrono::seconds { 3 }, [this] {
+                if (!TrayItem::isAvailable())
+                    m_log.line("Korvane: there is no tray; korvane --show opens the panel");
+            });
             return true;
         }
 
@@ -196,6 +199,7 @@ namespace {
         AppDelegate m_app;
         Instance m_instance;
         std::vector<Connection> m_connections;
+        Timer m_trayCheck;
     };
 
     /// From its end on, the process has one second left: the toolkit then offers a text of ours on the

@@ -5,13 +5,16 @@
 #include <QPaintDevice>
 #include <QSvgRenderer>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace korvane {
 
 namespace {
 
-    QPixmap draw(const QString& name, double size, double ratio, const QColor& colour)
+    /// How much of each pixel of a square of `edge` pixels a symbol covers.
+    QImage drawShape(const QString& name, int edge)
     {
         QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
         if (!file.open(QIODevice::ReadOnly))
@@ -20,20 +23,28 @@ namespace {
         drawing.replace("currentColor", "#000000");
         QSvgRenderer renderer(drawing);
 
-        const auto edge = static_cast<int>(std::lround(size * ratio));
         // The toolkit draws strokes thinner than a pixel as broken hairlines; in a larger drawing they
         // are wider than one, and what the larger drawing covers of each pixel is the stroke's share.
-        constexpr int finer = 8;
+        constexpr int fineEdge = 96; // where a stroke is six pixels wide
+        const int finer = std::max(2, fineEdge / std::max(edge, 1));
         QImage drawn(QSize(edge, edge) * finer, QImage::Format_ARGB32_Premultiplied);
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);
         renderer.render(&painter);
+        painter.end();
+        return drawn.scaled(edge, edge, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+
+    QPixmap tinted(QImage shape, double ratio, const QColor& colour)
+    {
+        if (shape.isNull())
+            return {};
+        QPainter painter(&shape);
         // What the drawing covers takes the colour; how much it covers stays.
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(drawn.rect(), colour);
+        painter.fillRect(shape.rect(), colour);
         painter.end();
-        auto pixmap = QPixmap::fromImage(
-            drawn.scaled(edge, edge, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        auto pixmap = QPixmap::fromImage(std::move(shape));
         pixmap.setDevicePixelRatio(ratio);
         return pixmap;
     }
@@ -42,14 +53,15 @@ namespace {
 
 QPixmap Symbols::pixmap(std::string_view name, double size, double ratio, const QColor& colour)
 {
+    const auto edge = static_cast<int>(std::lround(size * ratio));
     const auto file = QString::fromUtf8(name);
-    const auto key = QStringLiteral("%1 %2 %3 %4")
-                         .arg(file, QString::number(size), QString::number(ratio),
-                             QString::number(colour.rgba(), 16));
-    const auto known = m_drawn.constFind(key);
-    if (known != m_drawn.constEnd())
+    const auto shapeKey = QStringLiteral("%1 %2").arg(file).arg(edge);
+    const auto key = QStringLiteral("%1 %2 %3").arg(shapeKey).arg(ratio).arg(colour.rgba(), 0, 16);
+    if (const auto known = m_drawn.constFind(key); known != m_drawn.constEnd())
         return *known;
-    return *m_drawn.insert(key, draw(file, size, ratio, colour));
+    if (!m_shapes.contains(shapeKey))
+        m_shapes.insert(shapeKey, drawShape(file, edge));
+    return *m_drawn.insert(key, tinted(m_shapes[shapeKey], ratio, colour));
 }
 
 void Symbols::paint(QPainter& painter, std::string_view name, const QRectF& around, double size,

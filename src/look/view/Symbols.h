@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QHash>
+#include <QImage>
 #include <QPainter>
 #include <QPixmap>
 #include <QRectF>
@@ -29,6 +30,7 @@ public:
         const QColor& colour);
 
 private:
+    QHash<QString, QImage> m_shapes;
     QHash<QString, QPixmap> m_drawn;
 };
 
