@@ -199,13 +199,7 @@ void ClipRowView::paintTexts(QPainter& painter, const QRectF& row, const ClipRow
         font.setStrikeOut(shown.isMissing);
         painter.setFont(font);
         painter.setPen(shown.isMissing ? standingBack(colours, shown) : colours.text);
-        const auto text = QString::fromUtf8(paneltexts::rowTitle(shown.clip));
-        // A text begins where its script does, so that its words stand in their order and what has
-        // no room is cut off at its end; the rows keep their left edge.
-        const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute
-                                                   : Qt::TextForceLeftToRight;
-        painter.drawText(title, oneLine | direction,
-            elidedText(text, QFontMetricsF(painter.font()), title.width()));
+        m_titles.draw(painter, title, QString::fromUtf8(paneltexts::rowTitle(shown.clip)));
     }
     painter.setFont(textFont(metaSize));
     painter.setPen(standingBack(colours, shown));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ClipItem.h"
+#include "panel/view/TitlePainter.h"
 
 #include <QRectF>
 
@@ -63,6 +64,7 @@ private:
         QPainter& painter, const QRectF& row, const ClipRow& shown, const QPalette& palette);
 
     Symbols& m_symbols;
+    TitlePainter m_titles;
 };
 
 /// The symbol at the head of a row.

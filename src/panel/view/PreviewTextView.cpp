@@ -78,8 +78,9 @@ const TextLines& PreviewTextView::lines(double width)
     if (!m_lines || m_linesWidth != width) {
         m_linesWidth = width;
         const double codeTabStop = columnsOfTab * QFontMetricsF(font()).horizontalAdvance(u' ');
-        m_lines = std::make_unique<TextLines>(
-            m_text, TextLines::Look { font(), m_isCode ? codeTabStop : tabStop, !m_isCode }, width);
+        m_lines = std::make_unique<TextLines>(m_text,
+            TextLines::Look { font(), m_isCode ? codeTabStop : tabStop, !m_isCode }, width,
+            m_pictures);
     }
     return *m_lines;
 }

@@ -37,6 +37,7 @@ private:
     QString m_text;
     bool m_isCode = false;
     bool m_isCut = false;
+    EmojiPictures m_pictures;
     std::unique_ptr<TextLines> m_lines; // of the text in `m_linesWidth`; none until it is asked for
     double m_linesWidth = 0;
 };

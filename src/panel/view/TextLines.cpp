@@ -44,7 +44,8 @@ namespace {
 
 } // namespace
 
-TextLines::TextLines(const QString& text, const Look& look, double width)
+TextLines::TextLines(const QString& text, const Look& look, double width, EmojiPictures& pictures)
+    : m_pictures(pictures)
 {
     for (const auto& paragraph : text.split(u'\n'))
         addParagraph(paragraph, look.font, optionFor(paragraph, look), width);
@@ -60,15 +61,12 @@ void TextLines::addParagraph(
     constexpr qsizetype pieceLength = 2048;
     auto length = pieceLength;
     for (qsizetype from = 0;;) {
-        auto& piece = m_pieces.emplace_back();
-        piece.layout.setText(text.mid(from, length));
-        piece.layout.setFont(font);
-        piece.layout.setTextOption(option);
-        piece.layout.setCacheEnabled(true); // else each painting would shape all of it again
-        breakIntoLines(piece.layout, width);
+        auto& piece = m_pieces.emplace_back(text.mid(from, length), font, option, m_pictures);
+        auto& layout = piece.text.layout();
+        breakIntoLines(layout, width);
 
         const bool isLast = from + length >= text.size();
-        piece.lines = piece.layout.lineCount() - (isLast ? 0 : 1);
+        piece.lines = layout.lineCount() - (isLast ? 0 : 1);
         if (piece.lines == 0) { // marks that take no room
             m_pieces.pop_back();
             length *= 4;
@@ -76,11 +74,11 @@ void TextLines::addParagraph(
         }
         piece.top = m_height;
         for (int line = 0; line < piece.lines; ++line)
-            m_height += heightOf(piece.layout.lineAt(line));
+            m_height += heightOf(layout.lineAt(line));
         piece.bottom = m_height;
         if (isLast)
             return;
-        from += piece.layout.lineAt(piece.lines).textStart();
+        from += layout.lineAt(piece.lines).textStart();
         length = pieceLength;
     }
 }
@@ -92,10 +90,9 @@ void TextLines::draw(QPainter& painter, const QRectF& part) const
     for (; piece != m_pieces.end() && piece->top < part.bottom(); ++piece) {
         double bottom = piece->top;
         for (int number = 0; number < piece->lines && bottom < part.bottom(); ++number) {
-            const auto line = piece->layout.lineAt(number);
-            bottom += heightOf(line);
+            bottom += heightOf(piece->text.layout().lineAt(number));
             if (bottom > part.top())
-                line.draw(&painter, { 0, piece->top });
+                piece->text.drawLine(painter, number, { 0, piece->top });
         }
     }
 }

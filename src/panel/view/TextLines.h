@@ -1,9 +1,10 @@
 #pragma once
 
+#include "look/view/EmojiText.h"
+
 #include <QFont>
 #include <QRectF>
 #include <QString>
-#include <QTextLayout>
 
 #include <deque>
 
@@ -26,7 +27,8 @@ public:
     };
 
     /// @param width  in points, as everything here
-    TextLines(const QString& text, const Look& look, double width);
+    /// @param pictures  must outlive this
+    TextLines(const QString& text, const Look& look, double width, EmojiPictures& pictures);
 
     double height() const { return m_height; }
     /// Draws the lines of which some is to be seen in this part, with the painter's pen.
@@ -36,7 +38,13 @@ public:
 private:
     /// A paragraph, or a number of lines of a long one.
     struct Piece {
-        QTextLayout layout;
+        Piece(const QString& part, const QFont& font, const QTextOption& option,
+            EmojiPictures& pictures)
+            : text(part, font, option, pictures)
+        {
+        }
+
+        EmojiText text;
         int lines = 0; ///< so many of the layout's first ones
         double top = 0;
         double bottom = 0;
@@ -45,6 +53,7 @@ private:
     void addParagraph(
         const QString& text, const QFont& font, const QTextOption& option, double width);
 
+    EmojiPictures& m_pictures;
     std::deque<Piece> m_pieces; // from top to bottom
     double m_height = 0;
 };

@@ -66,7 +66,8 @@ namespace {
             QStringLiteral("剪贴板里的每一段文字都会被记住。").repeated(300),
             QStringLiteral("\ttabs\tin between ").repeated(400), QString(5000, u' ') };
         for (const auto& paragraph : paragraphs) {
-            const TextLines lines(paragraph, look(), width);
+            EmojiPictures pictures;
+            const TextLines lines(paragraph, look(), width, pictures);
 
             const auto picture = pictureOf(lines);
 
@@ -81,7 +82,8 @@ namespace {
         for (int before = 0; before < 4; ++before) {
             const auto paragraph
                 = QString(before, u'x') + QStringLiteral("👩‍👩‍👧‍👦").repeated(300);
-            const auto picture = pictureOf(TextLines(paragraph, look(), width));
+            EmojiPictures pictures;
+            const auto picture = pictureOf(TextLines(paragraph, look(), width, pictures));
 
             EXPECT_EQ(picture, pictureInOnePiece(paragraph, picture.height())) << before;
         }
@@ -91,8 +93,10 @@ namespace {
     {
         const auto tower = QStringLiteral("a") + QString(5000, QChar(0x0301));
 
-        EXPECT_LE(TextLines(tower, look(), width).height(), 2 * metrics::previewLineHeight);
-        EXPECT_LE(TextLines(tower + QStringLiteral(" b"), look(), width).height(),
+        EmojiPictures pictures;
+        EXPECT_LE(
+            TextLines(tower, look(), width, pictures).height(), 2 * metrics::previewLineHeight);
+        EXPECT_LE(TextLines(tower + QStringLiteral(" b"), look(), width, pictures).height(),
             2 * metrics::previewLineHeight);
     }
 

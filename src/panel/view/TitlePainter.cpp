@@ -1,0 +1,74 @@
+#include "panel/view/TitlePainter.h"
+
+#include "look/view/ElidedText.h"
+#include "model/EmojiSequences.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace korvane {
+
+namespace {
+
+    bool hasEmoji(const QString& text)
+    {
+        return !emojiSequences({ reinterpret_cast<const char16_t*>(text.utf16()),
+                                   static_cast<std::size_t>(text.size()) })
+                    .empty();
+    }
+
+    /// As much of the text as stands on one line of this width.
+    std::unique_ptr<EmojiText> firstLine(
+        const QString& text, const QPainter& painter, double width, EmojiPictures& pictures)
+    {
+        QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+        option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        option.setWrapMode(QTextOption::WrapAnywhere);
+        auto laidOut = std::make_unique<EmojiText>(text, painter.font(), option, pictures);
+        laidOut->layout().beginLayout();
+        auto line = laidOut->layout().createLine();
+        line.setLineWidth(std::max(width, 0.0));
+        laidOut->layout().endLayout();
+        return laidOut;
+    }
+
+} // namespace
+
+void TitlePainter::draw(QPainter& painter, const QRectF& place, const QString& title)
+{
+    if (hasEmoji(title))
+        return drawWithEmoji(painter, place, title);
+    const int direction = title.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute
+                                                : Qt::TextForceLeftToRight;
+    painter.drawText(place,
+        Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft | direction,
+        elidedText(title, QFontMetricsF(painter.font()), place.width()));
+}
+
+void TitlePainter::drawWithEmoji(QPainter& painter, const QRectF& place, const QString& title)
+{
+    // No letter is narrower than this, so that what is cut off here would have no room anyway.
+    constexpr double narrowest = 0.5;
+    const QString ellipsis(QChar(0x2026));
+    const auto most = static_cast<qsizetype>(place.width() / narrowest);
+
+    auto shown = firstLine(title.left(most), painter, place.width(), m_pictures);
+    const auto lengthOf
+        = [](const EmojiText& text) { return text.layout().lineAt(0).textLength(); };
+    if (lengthOf(*shown) < title.size()) {
+        const double ellipsisWidth = QFontMetricsF(painter.font()).horizontalAdvance(ellipsis);
+        const auto kept
+            = firstLine(title.left(most), painter, place.width() - ellipsisWidth, m_pictures);
+        shown = firstLine(title.left(lengthOf(*kept)).trimmed() + ellipsis, painter,
+            std::ceil(place.width()) + 1, m_pictures);
+    }
+    const auto line = shown->layout().lineAt(0);
+    shown->drawLine(
+        painter, 0, { place.left(), place.center().y() - line.height() / 2 - line.y() });
+}
+
+} // namespace korvane
