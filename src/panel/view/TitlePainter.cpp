@@ -51,18 +51,21 @@ void TitlePainter::draw(QPainter& painter, const QRectF& place, const QString& t
 
 void TitlePainter::drawWithEmoji(QPainter& painter, const QRectF& place, const QString& title)
 {
-    // No letter is narrower than this, so that what is cut off here would have no room anyway.
-    constexpr double narrowest = 0.5;
-    const QString ellipsis(QChar(0x2026));
-    const auto most = static_cast<qsizetype>(place.width() / narrowest);
-
-    auto shown = firstLine(title.left(most), painter, place.width(), m_pictures);
     const auto lengthOf
         = [](const EmojiText& text) { return text.layout().lineAt(0).textLength(); };
+
+    // So many UTF-16 units are tried first, then twice as many: a row shows little of a long title.
+    qsizetype units = 64;
+    auto shown = firstLine(title.left(units), painter, place.width(), m_pictures);
+    while (units < title.size() && lengthOf(*shown) >= units) {
+        units *= 2;
+        shown = firstLine(title.left(units), painter, place.width(), m_pictures);
+    }
     if (lengthOf(*shown) < title.size()) {
-        const double ellipsisWidth = QFontMetricsF(painter.font()).horizontalAdvance(ellipsis);
-        const auto kept
-            = firstLine(title.left(most), painter, place.width() - ellipsisWidth, m_pictures);
+        const QString ellipsis(QChar(0x2026));
+        const double room
+            = place.width() - QFontMetricsF(painter.font()).horizontalAdvance(ellipsis);
+        const auto kept = firstLine(title.left(units), painter, room, m_pictures);
         shown = firstLine(title.left(lengthOf(*kept)).trimmed() + ellipsis, painter,
             std::ceil(place.width()) + 1, m_pictures);
     }
