@@ -218,6 +218,32 @@ namespace {
             f.journal.steps, (Steps { "used: 1", "revealed: /home/ada/plan.txt", "panel closed" }));
     }
 
+    TEST(PasteOrderTest, AClickOnARowTakesItsStepsInOrderAndPastesNothing)
+    {
+        OrderFixture f;
+
+        f.paster.choose(f.clip());
+        f.loop.advance(1s);
+
+        EXPECT_EQ(f.journal.steps,
+            (Steps {
+                "used: 1", "written: text", "own write absorbed", "sound: Pop", "panel closed" }));
+    }
+
+    TEST(PasteOrderTest, AClickOnAFileClipRevealsItBeforeThePanelClosesAndWritesNothing)
+    {
+        OrderFixture f;
+        const auto file = f.add("/home/ada/plan.txt", ClipType::file);
+        f.journal.steps.clear();
+        f.id = file;
+
+        f.paster.choose(f.clip());
+        f.loop.advance(1s);
+
+        EXPECT_EQ(
+            f.journal.steps, (Steps { "used: 1", "revealed: /home/ada/plan.txt", "panel closed" }));
+    }
+
     TEST(PasteOrderTest, AClickOnARowLeavesTheApplicationForALaterPaste)
     {
         OrderFixture f;

@@ -1,36 +1,19 @@
 #include "app/Paster.h"
 
-#include "model/HistoryFile.h"
-#include "support/AppFixture.h"
+#include "app/PasteFixture.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 
 namespace korvane {
 namespace {
 
     using namespace std::chrono_literals;
+    using test::FileClipFixture;
+    using test::LargeClipFixture;
+    using test::PasteFixture;
     using Typed = std::vector<std::pair<KeyCode, ModifierMask>>;
-
-    struct PasteFixture : test::AppFixture {
-        PasteFixture()
-        {
-            launch();
-            copy("older");
-            copy("newer");
-        }
-        void openPanel() { app->shell().showPanel(); }
-        /// Opens the panel and pastes the selected clip.
-        void paste()
-        {
-            openPanel();
-            press(keycodes::returnKey);
-        }
-        /// Lets the next poll look.
-        void poll() { loop.advance(500ms); }
-    };
 
     TEST(PasterTest, PastingPutsTheTextOnThePasteboardAndMakesNoClip)
     {
@@ -135,12 +118,6 @@ namespace {
         EXPECT_EQ(f.sounds.played, (std::vector<std::string> { "Pop" }));
     }
 
-    struct LargeClipFixture : PasteFixture {
-        LargeClipFixture() { copy(whole); }
-
-        std::string whole = std::string(65537, 'x');
-    };
-
     TEST(PasterTest, AnOverflowClipIsPastedWholeAndComesBackOnceAsANewClip)
     {
         LargeClipFixture f;
@@ -163,18 +140,6 @@ namespace {
         f.paste();
 
         EXPECT_EQ(f.pasteboard.contents()->text, std::string(4096, 'x'));
-    }
-
-    TEST(PasterTest, AClickOnALargeClipWhoseFileIsGoneCopiesItsStoredTextAndClosesThePanel)
-    {
-        LargeClipFixture f;
-        std::filesystem::remove(*f.app->clipStore().clips()[0].overflowPath);
-        f.openPanel();
-
-        f.panelController->click(f.app->clipStore().clips()[0].id);
-
-        EXPECT_EQ(f.pasteboard.contents()->text, std::string(4096, 'x'));
-        EXPECT_FALSE(f.panel->isShown);
     }
 
     TEST(PasterTest, MovingOntoAnOverflowClipLeavesThePasteboardAlone)
@@ -201,14 +166,6 @@ namespace {
         EXPECT_EQ(f.clipCount(), 2U);
     }
 
-    struct FileClipFixture : PasteFixture {
-        FileClipFixture()
-        {
-            pasteboard.copyFiles("file:///home/ada/plan.txt\r\n");
-            loop.turn();
-        }
-    };
-
     TEST(PasterTest, AFileClipIsShownInTheFileManagerAndNothingIsTyped)
     {
         FileClipFixture f;
@@ -221,63 +178,6 @@ namespace {
         EXPECT_EQ(f.pasteboard.written, std::vector<std::string> {});
         EXPECT_FALSE(f.panel->isShown);
         EXPECT_EQ(f.app->clipStore().clips()[0].useCount, 1);
-    }
-
-    TEST(PasterTest, AClickCopiesAndClosesWithoutTyping)
-    {
-        PasteFixture f;
-        f.openPanel();
-
-        f.panelController->click(f.app->clipStore().clips()[1].id);
-        f.loop.advance(1s);
-
-        EXPECT_EQ(f.pasteboard.contents()->text, "older");
-        EXPECT_EQ(f.keyboard.typed, Typed {});
-        EXPECT_FALSE(f.panel->isShown);
-        EXPECT_EQ(f.app->clipStore().clips()[1].useCount, 1);
-        EXPECT_EQ(f.clipCount(), 2U);
-    }
-
-    TEST(PasterTest, CopyFromTheMenuLeavesThePanelOpen)
-    {
-        PasteFixture f;
-        f.openPanel();
-
-        f.panelController->copy(f.app->clipStore().clips()[1].id);
-        f.poll();
-
-        EXPECT_EQ(f.pasteboard.contents()->text, "older");
-        EXPECT_TRUE(f.panel->isShown);
-        EXPECT_EQ(f.clipCount(), 2U);
-        // What is only copied has not been used yet.
-        EXPECT_EQ(f.app->clipStore().clips()[1].useCount, 0);
-    }
-
-    TEST(PasterTest, ALargeClipsOwnFileIsRevealed)
-    {
-        LargeClipFixture f;
-        const auto clip = f.app->clipStore().clips()[0];
-
-        f.panelController->reveal(clip.id);
-
-        EXPECT_EQ(f.desktop.revealed, (std::vector<std::string> { *clip.overflowPath }));
-    }
-
-    TEST(PasterTest, NothingIsRevealedOfALargeClipWithoutAPath)
-    {
-        test::AppFixture f;
-        ClipItem clip;
-        clip.text = "its beginning";
-        clip.isOverflow = true;
-        const auto folder = f.folder.path() / "com.VNT.Korvane";
-        std::filesystem::create_directory(folder);
-        ASSERT_FALSE(HistoryFile(folder / "clips.json").save(std::array { clip }));
-        f.launch();
-        ASSERT_EQ(f.clipCount(), 1U);
-
-        f.panelController->reveal(f.app->clipStore().clips()[0].id);
-
-        EXPECT_TRUE(f.desktop.revealed.empty());
     }
 
     TEST(PasterTest, ATextOutlivesTheProgramThatItWasCopiedFrom)
