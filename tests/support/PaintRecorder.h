@@ -45,6 +45,13 @@ public:
     const std::vector<Shape>& shapes() const { return m_engine.shapes; }
     /// Where pictures were painted, the symbols above all.
     const std::vector<QRectF>& pictures() const { return m_engine.pictures; }
+    /// Where this very picture was painted first, or an empty place.
+    QRectF placeOf(const QPixmap& picture) const
+    {
+        const auto found = std::ranges::find(m_engine.pictureKeys, picture.cacheKey());
+        const auto index = static_cast<std::size_t>(found - m_engine.pictureKeys.begin());
+        return index < pictures().size() ? pictures()[index] : QRectF();
+    }
     /// The first text with this wording, or an empty one.
     Text text(const QString& wording) const
     {
@@ -103,9 +110,10 @@ private:
             texts.push_back({ item.text(), item.font(), seen(painter()->pen().color()),
                 painter()->combinedTransform().map(at) });
         }
-        void drawPixmap(const QRectF& to, const QPixmap&, const QRectF&) override
+        void drawPixmap(const QRectF& to, const QPixmap& picture, const QRectF&) override
         {
             pictures.push_back(painter()->combinedTransform().mapRect(to));
+            pictureKeys.push_back(picture.cacheKey());
         }
         void drawPath(const QPainterPath& path) override
         {
@@ -124,6 +132,7 @@ private:
         std::vector<Text> texts;
         std::vector<Shape> shapes;
         std::vector<QRectF> pictures;
+        std::vector<qint64> pictureKeys; // of each of them
 
     private:
         void add(const QRectF& place, double radius)

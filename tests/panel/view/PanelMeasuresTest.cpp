@@ -13,6 +13,10 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -135,6 +139,12 @@ namespace {
             QPainter painter(&painted);
             view.paint(painter, row, shown, {}, palette);
         }
+        /// Where the row has one of its marks, in this colour; empty where it has none.
+        QRectF symbol(std::string_view name, const QColor& colour)
+        {
+            constexpr double markSize = 13;
+            return painted.placeOf(symbols.pixmap(name, markSize, 1, colour));
+        }
 
         QRectF row { 6, 4, 348, 48 };
         QPalette palette { Qt::white };
@@ -194,12 +204,71 @@ namespace {
         ClipItem clip;
         clip.text = "some text";
         clip.sourceApp = "Editor";
-        const RowMeasures f({ .clip = clip });
+        clip.isOverflow = true;
+        clip.overflowByteCount = 70'000;
+        RowMeasures f({ .clip = clip });
+        const auto& secondary = coloursOf(f.palette).secondary;
 
-        const auto application = f.painted.text(QStringLiteral("Editor"));
+        for (const auto& item : { QStringLiteral("Editor"), QStringLiteral("68 KB") }) {
+            const auto text = f.painted.text(item);
+            ASSERT_EQ(text.text, item);
+            expectFont(text.font, 10.5, QFont::Normal);
+            EXPECT_EQ(text.colour, secondary);
+        }
+        EXPECT_FALSE(f.symbol("externaldrive", secondary).isEmpty());
+    }
 
-        expectFont(application.font, 10.5, QFont::Normal);
-        EXPECT_EQ(application.colour, coloursOf(f.palette).secondary);
+    TEST(PanelMeasuresTest, TheMarksOfARowAreTheLargeOneThenThePinThenTheBadge)
+    {
+        ClipItem clip;
+        clip.text = "some text";
+        clip.isOverflow = true;
+        clip.isPinned = true;
+        RowMeasures f({ .clip = clip, .shortcutIndex = 2 });
+        const auto& colours = coloursOf(f.palette);
+
+        const auto large = f.symbol("externaldrive", colours.secondary);
+        const auto pin = f.symbol("pin.fill", colours.orange);
+        const auto badge = f.painted.text(QStringLiteral("⌘3"));
+
+        ASSERT_FALSE(large.isEmpty());
+        ASSERT_FALSE(pin.isEmpty());
+        ASSERT_FALSE(badge.text.isEmpty());
+        EXPECT_GT(
+            large.left(), f.view.titleRect(f.row, { .clip = clip, .shortcutIndex = 2 }).right());
+        EXPECT_GT(pin.left(), large.right());
+        EXPECT_GT(badge.at.x(), pin.right());
+    }
+
+    TEST(PanelMeasuresTest, WhereALineHasNoRoomForAllTheApplicationsNameGivesWayToAgeAndSize)
+    {
+        ClipItem clip;
+        clip.text = "some text";
+        clip.sourceApp = std::string(300, 'W');
+        clip.isOverflow = true;
+        clip.overflowByteCount = 70'000;
+        const ClipRow shown { .clip = clip, .shortcutIndex = 10 };
+        const RowMeasures f(shown);
+        const auto title = f.view.titleRect(f.row, shown);
+
+        std::vector<PaintRecorder::Text> line;
+        std::ranges::copy_if(f.painted.texts(), std::back_inserter(line),
+            [&](const auto& text) { return text.at.y() > title.bottom(); });
+
+        ASSERT_EQ(line.size(), 5U);
+        EXPECT_TRUE(line[0].text.startsWith(u'W'));
+        EXPECT_TRUE(line[0].text.endsWith(QStringLiteral("…")));
+        EXPECT_EQ(line[1].text, QStringLiteral("·"));
+        EXPECT_EQ(line[2].text, QString::fromStdString(relativeAge(clip, {})));
+        EXPECT_EQ(line[3].text, QStringLiteral("·"));
+        EXPECT_EQ(line[4].text, QStringLiteral("68 KB"));
+        const auto end = [](const PaintRecorder::Text& text) {
+            return text.at.x() + QFontMetricsF(text.font).horizontalAdvance(text.text);
+        };
+        for (std::size_t i = 1; i < line.size(); ++i)
+            EXPECT_GT(line[i].at.x(), end(line[i - 1]));
+        EXPECT_LE(end(line.back()), title.right() + 0.5);
+        EXPECT_GT(end(line.back()), title.right() - 15); // no room is given away
     }
 
     TEST(PanelMeasuresTest, TheSymbolsOfTheHeaderAndOfTheSearchHaveTheirSizes)
