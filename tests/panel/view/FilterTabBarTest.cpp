@@ -112,13 +112,66 @@ namespace {
     {
         TabBarFixture f;
 
-        for (int press = 0; press < 3; ++press)
-            f.controller.handle({ keycodes::tab, 0, "" });
+        const auto width = [&f](FilterTab tab) { return f.bar.chip(tab).width(); };
+        const auto listTab = [&f] { return f.panel().panelFilterTab.value(); };
+        const double narrow = width(FilterTab::url);
 
-        f.loop.advance(220ms);
-        EXPECT_GT(f.bar.chip(FilterTab::url).width(), f.bar.chip(FilterTab::all).width());
-        f.loop.advance(1s);
-        EXPECT_EQ(f.panel().panelFilterTab.value(), FilterTab::url);
+        for (const auto tab : { FilterTab::pinned, FilterTab::text, FilterTab::url }) {
+            f.controller.handle({ keycodes::tab, 0, "" });
+            EXPECT_EQ(f.bar.shownTab(), tab);
+            EXPECT_EQ(width(tab), narrow); // it moves, and does not jump
+            f.loop.advance(20ms);
+            const double begun = width(tab);
+            EXPECT_GT(begun, narrow);
+            f.loop.advance(20ms);
+            EXPECT_GT(width(tab), begun);
+            EXPECT_EQ(listTab(), FilterTab::all);
+        }
+        const double underWay = width(FilterTab::url);
+
+        f.loop.advance(180ms); // 220 after the last key
+        EXPECT_GT(width(FilterTab::url), underWay);
+        for (const auto tab : { FilterTab::all, FilterTab::pinned, FilterTab::text })
+            EXPECT_EQ(width(tab), narrow);
+        EXPECT_NE(listTab(), FilterTab::url);
+        f.loop.advance(10ms);
+        EXPECT_EQ(listTab(), FilterTab::url);
+    }
+
+    TEST(FilterTabBarTest, HoverPressFocusAndChoiceAreShownDifferently)
+    {
+        TabBarFixture f;
+        f.bar.activateWindow();
+        test::settle();
+        f.bar.clearFocus();
+        const auto lookOf = [&f](FilterTab tab) {
+            // With the ring around it, and without its symbol or name.
+            const auto place = f.bar.chip(tab).toAlignedRect();
+            return f.bar.grab(QRect(place.left() - 3, place.top() - 3, 10, place.height() + 6))
+                .toImage();
+        };
+        const auto middle = [&f](FilterTab tab) { return f.bar.chip(tab).center(); };
+        std::vector<QImage> looks { lookOf(FilterTab::code) };
+
+        test::movePointer(f.bar, middle(FilterTab::code));
+        looks.push_back(lookOf(FilterTab::code));
+        test::press(f.bar, middle(FilterTab::code));
+        looks.push_back(lookOf(FilterTab::code));
+        test::release(f.bar, { 0, 0 });
+        test::movePointer(f.bar, { 0, 0 });
+        EXPECT_EQ(lookOf(FilterTab::code), looks.front());
+        looks.push_back(lookOf(FilterTab::all));
+        f.bar.setFocus(Qt::TabFocusReason);
+        ASSERT_TRUE(f.bar.hasFocus());
+        looks.push_back(lookOf(FilterTab::all));
+        EXPECT_EQ(lookOf(FilterTab::code), looks.front()); // the ring is around the chosen one
+        test::movePointer(f.bar, middle(FilterTab::all));
+        looks.push_back(lookOf(FilterTab::all));
+
+        for (std::size_t i = 0; i < looks.size(); ++i) {
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_NE(looks[i], looks[j]) << i << " and " << j;
+        }
     }
 
     TEST(FilterTabBarTest, ATabTellsItsTitleInAToolTip)
