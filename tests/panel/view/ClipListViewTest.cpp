@@ -318,16 +318,19 @@ namespace {
         EXPECT_LE(paints.area.height(), 100);
     }
 
-    TEST(ClipListViewTest, AHiddenListAsksTheStoreForNothing)
+    TEST(ClipListViewTest, AHiddenListFollowsACopyOnlyWhenItIsShown)
     {
         ListFixture f(50);
+        f.panel().selectedClipID.set(f.idAt(0));
+        const double before = f.panel().selectedRowMidY;
         f.list.hide();
-        test::PaintCounter paints(f.list);
 
         f.add("a copy while the panel is closed");
         test::settle();
+        EXPECT_EQ(f.panel().selectedRowMidY, before);
+        f.list.show();
 
-        EXPECT_EQ(paints.count, 0);
+        EXPECT_EQ(f.panel().selectedRowMidY, before + metrics::rowPitch);
     }
 
     TEST(ClipListViewTest, ADeletedClipLeavesTheList)

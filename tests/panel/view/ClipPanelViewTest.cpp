@@ -4,6 +4,7 @@
 #include "panel/view/PanelMetrics.h"
 #include "panel/view/ViewFixture.h"
 #include "support/Input.h"
+#include "support/PaintRecorder.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,7 @@ namespace korvane {
 namespace {
 
     using namespace std::chrono_literals;
+    using test::PaintRecorder;
 
     struct PanelViewFixture : test::ViewFixture {
         explicit PanelViewFixture(int clips = 3)
@@ -92,16 +94,20 @@ namespace {
         EXPECT_EQ(paints.count, 0);
     }
 
-    TEST(ClipPanelViewTest, AHiddenPanelDoesNotRepaintWhenAClipComes)
+    TEST(ClipPanelViewTest, AHiddenPanelAddsNothingUpUntilItIsShownAgain)
     {
         PanelViewFixture f(8);
         f.view.hide();
-        test::PaintCounter paints(f.view);
 
         f.add("another");
+        f.loop.advance(1min);
         test::settle();
+        EXPECT_EQ(f.view.footer().totals(), QStringLiteral("8 clips / 1 KB"));
+        f.view.show();
 
-        EXPECT_EQ(paints.count, 0);
+        EXPECT_EQ(f.view.footer().totals(), QStringLiteral("9 clips / 1 KB"));
+        const PaintRecorder painted(f.view);
+        EXPECT_EQ(painted.text(QStringLiteral("another")).text, QStringLiteral("another"));
     }
 
     TEST(ClipPanelViewTest, ItsColoursFollowThePalette)
@@ -176,6 +182,7 @@ namespace {
     TEST(ClipPanelViewTest, EveryTextFollowsTheDesktopsFont)
     {
         PanelViewFixture f(8);
+        f.monitor.setPrivateModeEnabled(true);
         const auto before = QApplication::font();
         auto other = before;
         other.setFamily(QStringLiteral("Another Family"));
@@ -188,11 +195,20 @@ namespace {
         };
 
         setFont(other);
-        const auto family = f.view.search().field().font().family();
+        const PaintRecorder inTheOther(f.view);
         setFont(before);
+        const PaintRecorder inTheFirst(f.view);
 
-        EXPECT_EQ(family, QStringLiteral("Another Family"));
-        EXPECT_EQ(f.view.search().field().font().family(), before.family());
+        // The header, its badge, the search, the chosen tab, a row and the line under its title, its
+        // badge, and the foot.
+        for (const auto& wording :
+            { "Korvane", "PRIVATE", "Search...", "All", "clip 1", "·", "⌘1", "8 clips / 1 KB" }) {
+            const auto text = QString::fromUtf8(wording);
+            EXPECT_EQ(inTheOther.text(text).font.family(), other.family()) << wording;
+            EXPECT_EQ(inTheFirst.text(text).font.family(), before.family()) << wording;
+        }
+        for (const auto& text : inTheOther.texts())
+            EXPECT_EQ(text.font.family(), other.family()) << text.text.toStdString();
     }
 
 } // namespace
