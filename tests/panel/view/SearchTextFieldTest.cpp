@@ -11,7 +11,10 @@
 #include <QGuiApplication>
 #include <QMenu>
 
+#include <array>
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace korvane {
@@ -123,14 +126,21 @@ namespace {
 
     TEST(SearchTextFieldTest, AnAnswerThatComesWhenTheFieldHasGoneIsDropped)
     {
+        // In room of our own, so that whoever still reached for it would find no field there.
+        alignas(PanelLineEdit) std::array<std::byte, sizeof(PanelLineEdit)> room {};
         std::function<void(QString)> answer;
-        {
-            SearchFixture f;
-            f.search.field().pasteText();
-            answer = f.questions.front();
-        }
+        auto* const field = std::construct_at(
+            reinterpret_cast<PanelLineEdit*>(room.data()),
+            [&answer](std::function<void(QString)> told) { answer = std::move(told); }, nullptr);
+        field->pasteText();
+        ASSERT_TRUE(answer);
+        std::destroy_at(field);
+        room.fill({});
+        const auto before = room;
 
         answer(QStringLiteral("too late"));
+
+        EXPECT_EQ(room, before);
     }
 
     TEST(SearchTextFieldTest, AnAnswerThatComesAfterThePanelHasBeenClosedIsDropped)
