@@ -145,6 +145,19 @@ namespace {
         std::size_t m_misses = 0;
     };
 
+    bool isAsciiBlank(char byte)
+    {
+        return byte == ' ' || (byte >= '\t' && byte <= '\r');
+    }
+
+    bool isBlankBlock(const char* bytes)
+    {
+        const auto block = load(bytes);
+        const auto isLineOrTab
+            = static_cast<Block>(block >= '\t') & static_cast<Block>(block <= '\r');
+        return !isAnySet(~(isLineOrTab | static_cast<Block>(block == ' ')));
+    }
+
 } // namespace
 
 std::size_t findBytes(std::string_view text, std::string_view needle, std::size_t from)
@@ -168,6 +181,26 @@ std::size_t endOfAscii(std::string_view text, std::size_t from)
     }
     while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
         ++at;
+    return at;
+}
+
+std::size_t endOfAsciiBlanks(std::string_view text)
+{
+    std::size_t at = 0;
+    while (at + blockSize <= text.size() && isBlankBlock(text.data() + at))
+        at += blockSize;
+    while (at < text.size() && isAsciiBlank(text[at]))
+        ++at;
+    return at;
+}
+
+std::size_t beginOfAsciiBlanks(std::string_view text)
+{
+    auto at = text.size();
+    while (at >= blockSize && isBlankBlock(text.data() + at - blockSize))
+        at -= blockSize;
+    while (at > 0 && isAsciiBlank(text[at - 1]))
+        --at;
     return at;
 }
 

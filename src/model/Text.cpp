@@ -112,6 +112,8 @@ namespace {
 
 std::string_view trimmed(std::string_view utf8)
 {
+    utf8.remove_prefix(endOfAsciiBlanks(utf8)); // at once, as there may be megabytes of them
+    utf8 = utf8.substr(0, beginOfAsciiBlanks(utf8));
     while (!utf8.empty()) {
         const auto first = codePointAt(utf8, 0);
         if (!isWhiteSpace(first.value))

@@ -1,5 +1,6 @@
 #include "panel/VisibleText.h"
 
+#include "model/ByteSearch.h"
 #include "model/Text.h"
 #include "model/Utf8.h"
 
@@ -53,7 +54,7 @@ void appendVisibly(std::string& text, char32_t value)
 
 bool showsNothing(std::string_view text)
 {
-    for (std::size_t at = 0; at < text.size();) {
+    for (auto at = endOfAsciiBlanks(text); at < text.size();) {
         const auto codePoint = codePointAt(text, at);
         if (!isIgnorable(codePoint.value) && !isBlank(text.substr(at, codePoint.size)))
             return false;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace korvane {
@@ -79,6 +80,24 @@ namespace {
             lowerAscii(bytes.data(), bytes.size());
 
             ASSERT_EQ(bytes, expected);
+        }
+    }
+
+    TEST(ByteSearchTest, BlanksAreFoundAtBothEndsWhereverTheyStop)
+    {
+        const std::string blanks = " \t\n\v\f\r ";
+        for (std::size_t before = 0; before < 70; ++before) {
+            for (const auto* const middle : { "x", "\x08", "\x0E", "\xC2\xA0", "!" }) {
+                std::string text;
+                for (std::size_t at = 0; at < before; ++at)
+                    text += blanks[at % blanks.size()];
+                const auto after = std::string(text.rbegin(), text.rend());
+
+                EXPECT_EQ(endOfAsciiBlanks(text + middle + after), before);
+                EXPECT_EQ(beginOfAsciiBlanks(text + middle + after), before + std::strlen(middle));
+                EXPECT_EQ(endOfAsciiBlanks(text), before);
+                EXPECT_EQ(beginOfAsciiBlanks(text), 0U);
+            }
         }
     }
 
