@@ -96,6 +96,7 @@ private:
     ClipActions& m_actions;
     TabSwitcher& m_tabs;
     std::size_t m_selectedIndex = 0; // of the selected clip when it was displayed last
+    bool m_isSearchInVain = false;   // it has no hit, and the selection went with them
     std::vector<Connection> m_connections;
 };
 

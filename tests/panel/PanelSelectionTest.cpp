@@ -214,6 +214,22 @@ namespace {
         EXPECT_EQ(f.actions.done, Done {});
     }
 
+    TEST(PanelSelectionTest, ASearchThatIsCorrectedAfterItHadNoHitSelectsItsFirstOne)
+    {
+        for (const auto* const corrected : { "", "b" }) {
+            PanelFixture f;
+            f.fill({ "beta", "bravo" });
+            f.selectAt(1);
+            f.store.panel().panelSearch.set("bzz");
+
+            f.store.panel().panelSearch.set(corrected);
+            f.press(keycodes::returnKey);
+
+            EXPECT_EQ(f.selected(), "beta");
+            EXPECT_EQ(f.actions.done.size(), 1U);
+        }
+    }
+
     TEST(PanelSelectionTest, AClipThatIsUnpinnedInThePinnedTabGivesTheSelectionToTheOneInItsPlace)
     {
         PanelFixture f;
