@@ -51,12 +51,46 @@ namespace {
     }
 } // namespace
 
+/// GIO connects to the session bus when an application is started, and waits for it. One that is
+/// there already is taken instead; it is made in the background, while the bus still answers.
+class XdgDesktop::GioBus {
+public:
+    GioBus()
+        : m_isGivenUp(g_cancellable_new())
+    {
+        g_bus_get(G_BUS_TYPE_SESSION, m_isGivenUp.get(), &GioBus::connected, this);
+    }
+    ~GioBus() { g_cancellable_cancel(m_isGivenUp.get()); }
+    GioBus(const GioBus&) = delete;
+    GioBus& operator=(const GioBus&) = delete;
+
+private:
+    static void connected(GObject*, GAsyncResult* result, gpointer self)
+    {
+        GError* error = nullptr;
+        std::unique_ptr<GDBusConnection, Unref> connection(g_bus_get_finish(result, &error));
+        const std::unique_ptr<GError, FreeError> kept(error);
+        if (!connection) // given up, and then we are no more; or there is no bus
+            return;
+        // The desktop may end its bus before us, and the history is still to be written then.
+        g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+        static_cast<GioBus*>(self)->m_connection = std::move(connection);
+    }
+
+    std::unique_ptr<GCancellable, Unref> m_isGivenUp;
+    std::unique_ptr<GDBusConnection, Unref> m_connection;
+};
+
 XdgDesktop::XdgDesktop(QDBusConnection bus, Log& log, std::chrono::milliseconds patience)
     : m_bus(std::move(bus))
     , m_log(log)
     , m_patience(patience)
 {
+    if (m_bus.isConnected())
+        m_gioBus = std::make_unique<GioBus>();
 }
+
+XdgDesktop::~XdgDesktop() = default;
 
 void XdgDesktop::revealFile(std::string_view path)
 {

@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <memory>
 #include <string>
 
 namespace korvane {
@@ -22,6 +23,7 @@ public:
     ///                  the default application instead
     XdgDesktop(QDBusConnection bus, Log& log,
         std::chrono::milliseconds patience = std::chrono::seconds(5));
+    ~XdgDesktop() override;
     XdgDesktop(const XdgDesktop&) = delete;
     XdgDesktop& operator=(const XdgDesktop&) = delete;
 
@@ -30,11 +32,14 @@ public:
     void openAddress(std::string_view address) override;
 
 private:
+    class GioBus;
+
     void openFolderOf(const std::string& path);
 
     QDBusConnection m_bus;
     Log& m_log;
     std::chrono::milliseconds m_patience;
+    std::unique_ptr<GioBus> m_gioBus; // none where there is no bus
     QObject m_calls; // the parent of what watches the calls under way, so that they end with us
 };
 
