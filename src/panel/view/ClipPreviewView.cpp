@@ -34,6 +34,13 @@ void ClipPreviewView::showEvent(QShowEvent*)
     announce();
 }
 
+/// The clip may be deleted next, and then nothing of its text is to be left.
+void ClipPreviewView::hideEvent(QHideEvent*)
+{
+    m_text.setText({}, false);
+    m_announcement.setAccessibleName({});
+}
+
 /// It never gets the focus, so who does not see it would not know that it has come.
 void ClipPreviewView::announce()
 {

@@ -106,7 +106,7 @@ void ClipRowAccess::doAction(const QString& name)
     if (!list || !actionNames().contains(name))
         return;
     list->loop().post([name, id = m_id, list = QPointer<ClipListView>(list)] {
-        if (!list)
+        if (!list || !list->isVisible()) // the panel may have been closed meanwhile
             return;
         if (name == pressAction())
             list->controller().click(id);

@@ -41,6 +41,19 @@ namespace {
         EXPECT_EQ(view.text().text(), QStringLiteral("second^["));
     }
 
+    TEST(ClipPreviewViewTest, NothingOfTheTextIsLeftOnceItIsHidden)
+    {
+        ClipPreviewView view;
+        view.show();
+        view.setClip(clipOf("a secret"));
+
+        view.hide();
+
+        EXPECT_EQ(view.text().text(), QString());
+        for (const auto* const part : view.findChildren<QWidget*>())
+            EXPECT_EQ(part->accessibleName(), QString());
+    }
+
     TEST(ClipPreviewViewTest, ACodeClipIsInTheMonospacedFontAndAllOthersAreNot)
     {
         for (const auto type : allClipTypes) {

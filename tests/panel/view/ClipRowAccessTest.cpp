@@ -154,6 +154,23 @@ namespace {
             EXPECT_FALSE(actions.localizedActionDescription(name).isEmpty()) << name.toStdString();
     }
 
+    TEST(ClipRowAccessTest, AnActionWhosePanelHasBeenClosedMeanwhileDoesNothing)
+    {
+        for (const auto& name : { QStringLiteral("Press"), QStringLiteral("Paste"),
+                 QStringLiteral("ShowMenu"), QStringLiteral("SetFocus") }) {
+            ListAccessFixture f(3);
+            const auto selected = f.store.panel().selectedClipID.value();
+            f.row(1).actionInterface()->doAction(name);
+
+            f.list->hide();
+            f.loop.turn();
+
+            EXPECT_TRUE(f.actions.done.empty()) << name.toStdString();
+            EXPECT_EQ(f.list->findChild<QMenu*>(), nullptr) << name.toStdString();
+            EXPECT_EQ(f.store.panel().selectedClipID.value(), selected) << name.toStdString();
+        }
+    }
+
     TEST(ClipRowAccessTest, AnActionWhoseListHasEndedDoesNothing)
     {
         ListAccessFixture f(3);
