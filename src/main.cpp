@@ -82,8 +82,11 @@ namespace {
         return [&pasteboard](std::function<void(QString)> answer) {
             pasteboard.read(
                 [answer = std::move(answer)](std::optional<Pasteboard::Contents> contents) {
-                    answer(contents && contents->text ? QString::fromStdString(*contents->text)
-                                                      : QString());
+                    // A field keeps so many characters at most, each of four bytes at most.
+                    constexpr std::size_t most = 4UL * 32767;
+                    answer(contents && contents->text
+                            ? QString::fromUtf8(std::string_view(*contents->text).substr(0, most))
+                            : QString());
                 });
         };
     }
