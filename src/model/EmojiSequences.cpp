@@ -45,6 +45,8 @@ namespace {
             return false;
         if (isPictureAlone || second == emojiStyle)
             return true;
+        if (u_hasBinaryProperty(second, UCHAR_EMOJI_MODIFIER) != 0)
+            return u_hasBinaryProperty(first, UCHAR_EMOJI_MODIFIER_BASE) != 0;
         // Joined, with the sign for a picture left out.
         return second == joiner && at < character.size()
             && u_hasBinaryProperty(codePointAt(character, at), UCHAR_EXTENDED_PICTOGRAPHIC) != 0;

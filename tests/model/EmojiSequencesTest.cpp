@@ -28,7 +28,8 @@ namespace {
     {
         for (const auto* text : { u"😀", u"👍🏽", u"☕", u"❤️", u"☺️", u"1️⃣", u"🇩🇪",
                  u"🏴󠁧󠁢󠁥󠁮󠁧󠁿", u"👩‍👩‍👧‍👦", u"🏳️‍🌈",
-                 u"🏃‍♀️", u"👩‍❤️‍👨", u"👁️‍🗨️", u"🏳‍🌈" })
+                 u"🏃‍♀️", u"👩‍❤️‍👨", u"👁️‍🗨️", u"🏳‍🌈",
+                 u"☝🏽", u"⛹🏽‍♀️", u"🕵🏿‍♂️" })
             EXPECT_EQ(emojiSequences(text), (Places { { 0, std::u16string_view(text).size() } }))
                 << std::u16string_view(text).size();
     }

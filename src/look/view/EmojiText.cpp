@@ -2,13 +2,33 @@
 
 #include "model/EmojiSequences.h"
 
+#include <QGlyphRun>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
 namespace {
+
+    bool isFromRightToLeft(QChar unit)
+    {
+        switch (unit.direction()) {
+        case QChar::DirR:
+        case QChar::DirAL:
+        case QChar::DirRLE:
+        case QChar::DirRLO:
+        case QChar::DirRLI:
+            return true;
+        default:
+            break;
+        }
+        // The letters beyond the first plane that go to the left lie in two blocks, each behind two
+        // high surrogates.
+        const auto half = unit.unicode();
+        return half == 0xD802 || half == 0xD803 || half == 0xD83A || half == 0xD83B;
+    }
 
     QTextLine layOnOneLine(QTextLayout& layout)
     {
@@ -41,28 +61,42 @@ namespace {
 
 } // namespace
 
-const EmojiPictures::Picture& EmojiPictures::pictureOf(const QString& emoji, const QFont& font)
+std::shared_ptr<const EmojiPictures::Picture> EmojiPictures::pictureOf(
+    const QString& emoji, const QFont& font)
 {
-    auto& known = m_pictures[{ emoji, font }];
-    if (known)
-        return *known;
-    known = std::make_unique<Picture>();
+    if (const auto known = m_pictures.find({ emoji, font }); known != m_pictures.end())
+        return known->second;
+    const auto picture = pictureIn(emoji, font);
+    // The longest that Unicode recommends has fifteen units; what is longer is nothing to keep.
+    constexpr qsizetype longest = 20;
+    constexpr std::size_t most = 2000;
+    if (emoji.size() <= longest) {
+        if (m_pictures.size() >= most)
+            m_pictures.clear();
+        m_pictures.emplace(std::pair(emoji, font), picture);
+    }
+    return picture;
+}
 
+std::shared_ptr<const EmojiPictures::Picture> EmojiPictures::pictureIn(
+    const QString& emoji, const QFont& font)
+{
+    auto picture = std::make_shared<Picture>();
     auto families = font.families();
     families.prepend(QStringLiteral("emoji")); // fontconfig's name for the desktop's choice
     auto pictured = font;
     pictured.setFamilies(families);
-    known->layout.setFont(pictured);
+    picture->layout.setFont(pictured);
     // The sign that asks for a picture is no part of what the font joins to one.
-    known->layout.setText(QString(emoji).remove(QChar(0xFE0F)));
-    known->layout.setCacheEnabled(true);
-    const auto line = layOnOneLine(known->layout);
-    known->width = line.naturalTextWidth();
-    known->ascent = line.ascent();
+    picture->layout.setText(QString(emoji).remove(QChar(0xFE0F)));
+    picture->layout.setCacheEnabled(true);
+    const auto line = layOnOneLine(picture->layout);
+    picture->width = line.naturalTextWidth();
+    picture->ascent = line.ascent();
 
     QTextLayout blank(emoji, alone(font));
-    known->room = roomOf(known->width, layOnOneLine(blank).naturalTextWidth(), font);
-    return *known;
+    picture->room = roomOf(picture->width, layOnOneLine(blank).naturalTextWidth(), font);
+    return picture;
 }
 
 EmojiText::EmojiText(
@@ -77,10 +111,11 @@ EmojiText::EmojiText(
     for (const auto& place : emojiSequences(units)) {
         const auto begin = static_cast<int>(place.begin);
         const auto length = static_cast<int>(place.end - place.begin);
-        const auto& picture = pictures.pictureOf(text.mid(begin, length), font);
-        rooms.append({ begin, length, picture.room });
-        m_emoji.push_back({ begin, &picture });
+        auto picture = pictures.pictureOf(text.mid(begin, length), font);
+        rooms.append({ begin, length, picture->room });
+        m_emoji.push_back({ begin, length, std::move(picture) });
     }
+    m_goesBothWays = !m_emoji.empty() && std::ranges::any_of(text, isFromRightToLeft);
     if (!rooms.isEmpty())
         m_layout.setFormats(rooms);
 }
@@ -92,12 +127,24 @@ void EmojiText::drawLine(QPainter& painter, int number, const QPointF& origin) c
     const auto lineEnd = line.textStart() + line.textLength();
     auto emoji = std::ranges::lower_bound(m_emoji, line.textStart(), {}, &Emoji::begin);
     for (; emoji != m_emoji.end() && emoji->begin < lineEnd; ++emoji) {
-        // Where the writing goes to the left, an emoji begins at its right edge.
-        const double left = std::min(line.cursorToX(emoji->begin, QTextLine::Leading),
-            line.cursorToX(emoji->begin, QTextLine::Trailing));
+        const double left = leftOf(line, *emoji);
         const double top = line.y() + line.ascent() - emoji->picture->ascent;
         emoji->picture->layout.draw(&painter, origin + QPointF(left, top));
     }
+}
+
+double EmojiText::leftOf(const QTextLine& line, const Emoji& emoji) const
+{
+    if (!m_goesBothWays)
+        return line.cursorToX(emoji.begin);
+    // Where directions meet, a place in the text is two places on the line; the boxes that keep the
+    // room have one.
+    auto left = line.x() + line.width();
+    for (const auto& run : line.glyphRuns(emoji.begin, emoji.length)) {
+        for (const auto& box : run.positions())
+            left = std::min(left, box.x());
+    }
+    return left;
 }
 
 } // namespace korvane

@@ -32,17 +32,20 @@ public:
         /// How a text in the font leaves room for it.
         QTextCharFormat room;
     };
-    const Picture& pictureOf(const QString& emoji, const QFont& font);
+    /// The picture of an emoji in the size of a font.
+    std::shared_ptr<const Picture> pictureOf(const QString& emoji, const QFont& font);
 
 private:
-    std::map<std::pair<QString, QFont>, std::unique_ptr<Picture>> m_pictures;
+    static std::shared_ptr<const Picture> pictureIn(const QString& emoji, const QFont& font);
+
+    /// Those that have been asked for; not for ever, as they are parts of what the user has copied.
+    std::map<std::pair<QString, QFont>, std::shared_ptr<const Picture>> m_pictures;
 };
 
 /// A text's layout in which every emoji is one picture. Lines are made as in any other layout, and
 /// drawn by this.
 class EmojiText {
 public:
-    /// @param pictures  must outlive this
     EmojiText(
         const QString& text, const QFont& font, const QTextOption& option, EmojiPictures& pictures);
 
@@ -55,11 +58,14 @@ public:
 private:
     struct Emoji {
         int begin = 0;
-        const EmojiPictures::Picture* picture = nullptr;
+        int length = 0;
+        std::shared_ptr<const EmojiPictures::Picture> picture;
     };
+    double leftOf(const QTextLine& line, const Emoji& emoji) const;
 
     QTextLayout m_layout;
-    std::vector<Emoji> m_emoji; // in the text's order
+    bool m_goesBothWays = false; // a part of it is written from right to left
+    std::vector<Emoji> m_emoji;  // in the text's order
 };
 
 } // namespace korvane

@@ -177,7 +177,7 @@ void ClipListView::paintEvent(QPaintEvent* event)
     const auto& rows = displayed();
     if (rows.empty()) {
         paintEmptyList(painter, rect(), emptyText(),
-            symbolOf(m_store.panel().panelFilterTab.value()), m_symbols, palette());
+            symbolOf(m_store.panel().panelFilterTab.value()), m_symbols, m_titles, palette());
         return;
     }
     for (auto index = firstRowAt(event->rect().top()); index < rows.size(); ++index) {

@@ -103,6 +103,7 @@ private:
     PanelController& m_controller;
     MainLoop& m_loop;
     Symbols& m_symbols;
+    TitlePainter m_titles; // of what is said in an empty list
     ClipRowView m_rowView;
     MissingFiles m_files;
 

@@ -1,11 +1,10 @@
 #include "panel/view/EmptyListPainter.h"
 
 #include "look/view/Colours.h"
-#include "look/view/ElidedText.h"
 #include "look/view/Fonts.h"
 #include "look/view/Symbols.h"
+#include "panel/view/TitlePainter.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
 
@@ -27,7 +26,7 @@ namespace {
 } // namespace
 
 void paintEmptyList(QPainter& painter, const QRectF& place, const EmptyList& said,
-    std::string_view tabSymbol, Symbols& symbols, const QPalette& palette)
+    std::string_view tabSymbol, Symbols& symbols, TitlePainter& titles, const QPalette& palette)
 {
     const auto& colours = coloursOf(palette);
     const auto line
@@ -40,8 +39,7 @@ void paintEmptyList(QPainter& painter, const QRectF& place, const EmptyList& sai
         = [&](const QRectF& where, const QFont& font, const QColor& colour, std::string_view text) {
               painter.setFont(font);
               painter.setPen(colour);
-              painter.drawText(where, Qt::AlignCenter | Qt::TextSingleLine,
-                  elidedText(QString::fromUtf8(text), QFontMetricsF(font), where.width()));
+              titles.draw(painter, where, QString::fromUtf8(text), Qt::AlignHCenter);
           };
     symbols.paint(painter, said.symbol.value_or(tabSymbol), line(0, symbolSize), symbolSize,
         colours.secondary);

@@ -45,23 +45,22 @@ namespace {
 } // namespace
 
 TextLines::TextLines(const QString& text, const Look& look, double width, EmojiPictures& pictures)
-    : m_pictures(pictures)
 {
     for (const auto& paragraph : text.split(u'\n'))
-        addParagraph(paragraph, look.font, optionFor(paragraph, look), width);
+        addParagraph(paragraph, look.font, optionFor(paragraph, look), width, pictures);
 }
 
 /// The toolkit looks at an endless word from its beginning to its end for each line that it breaks off,
 /// and whatever stands after 4096 units it takes for another word, were it half a character. So a long
 /// paragraph is given to it by pieces. The last line of a piece is not full: it is the first of the
 /// next.
-void TextLines::addParagraph(
-    const QString& text, const QFont& font, const QTextOption& option, double width)
+void TextLines::addParagraph(const QString& text, const QFont& font, const QTextOption& option,
+    double width, EmojiPictures& pictures)
 {
     constexpr qsizetype pieceLength = 2048;
     auto length = pieceLength;
     for (qsizetype from = 0;;) {
-        auto& piece = m_pieces.emplace_back(text.mid(from, length), font, option, m_pictures);
+        auto& piece = m_pieces.emplace_back(text.mid(from, length), font, option, pictures);
         auto& layout = piece.text.layout();
         breakIntoLines(layout, width);
 

@@ -27,7 +27,6 @@ public:
     };
 
     /// @param width  in points, as everything here
-    /// @param pictures  must outlive this
     TextLines(const QString& text, const Look& look, double width, EmojiPictures& pictures);
 
     double height() const { return m_height; }
@@ -50,10 +49,9 @@ private:
         double bottom = 0;
     };
 
-    void addParagraph(
-        const QString& text, const QFont& font, const QTextOption& option, double width);
+    void addParagraph(const QString& text, const QFont& font, const QTextOption& option,
+        double width, EmojiPictures& pictures);
 
-    EmojiPictures& m_pictures;
     std::deque<Piece> m_pieces; // from top to bottom
     double m_height = 0;
 };

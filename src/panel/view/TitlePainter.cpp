@@ -38,18 +38,20 @@ namespace {
 
 } // namespace
 
-void TitlePainter::draw(QPainter& painter, const QRectF& place, const QString& title)
+void TitlePainter::draw(
+    QPainter& painter, const QRectF& place, const QString& title, Qt::AlignmentFlag where)
 {
     if (hasEmoji(title))
-        return drawWithEmoji(painter, place, title);
+        return drawWithEmoji(painter, place, title, where);
     const int direction = title.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute
                                                 : Qt::TextForceLeftToRight;
     painter.drawText(place,
-        Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft | direction,
+        Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | where | direction,
         elidedText(title, QFontMetricsF(painter.font()), place.width()));
 }
 
-void TitlePainter::drawWithEmoji(QPainter& painter, const QRectF& place, const QString& title)
+void TitlePainter::drawWithEmoji(
+    QPainter& painter, const QRectF& place, const QString& title, Qt::AlignmentFlag where)
 {
     const auto lengthOf
         = [](const EmojiText& text) { return text.layout().lineAt(0).textLength(); };
@@ -70,8 +72,12 @@ void TitlePainter::drawWithEmoji(QPainter& painter, const QRectF& place, const Q
             std::ceil(place.width()) + 1, m_pictures);
     }
     const auto line = shown->layout().lineAt(0);
-    shown->drawLine(
-        painter, 0, { place.left(), place.center().y() - line.height() / 2 - line.y() });
+    const double before
+        = where == Qt::AlignHCenter ? (place.width() - line.naturalTextWidth()) / 2 : 0;
+    // On the line that a title without emoji stands on, by the measures of this screen.
+    const QFontMetricsF font(painter.font(), painter.device());
+    const double base = place.center().y() - font.height() / 2 + font.ascent();
+    shown->drawLine(painter, 0, { place.left() + before, base - line.y() - line.ascent() });
 }
 
 } // namespace korvane

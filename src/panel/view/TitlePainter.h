@@ -9,16 +9,19 @@ class QPainter;
 
 namespace korvane {
 
-/// Draws a row's title on one line, with "…" in the place of its end where there is no room for the
-/// whole. A text begins where its script does, so that its words stand in their order and what has no
-/// room is cut off at its end; every title is drawn from the left edge.
+/// Draws a title on one line, with "…" in the place of its end where there is no room for the whole. A
+/// text begins where its script does, so that its words stand in their order and what has no room is
+/// cut off at its end.
 class TitlePainter {
 public:
     /// In the painter's font and pen.
-    void draw(QPainter& painter, const QRectF& place, const QString& title);
+    /// @param where  Qt::AlignLeft, as in every row whatever its script, or Qt::AlignHCenter
+    void draw(QPainter& painter, const QRectF& place, const QString& title,
+        Qt::AlignmentFlag where = Qt::AlignLeft);
 
 private:
-    void drawWithEmoji(QPainter& painter, const QRectF& place, const QString& title);
+    void drawWithEmoji(
+        QPainter& painter, const QRectF& place, const QString& title, Qt::AlignmentFlag where);
 
     EmojiPictures m_pictures;
 };

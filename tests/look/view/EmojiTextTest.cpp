@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QRect>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace korvane {
@@ -50,8 +52,9 @@ namespace {
             QRect found;
             for (int y = 0; y < picture.height(); ++y) {
                 for (int x = 0; x < picture.width(); ++x) {
-                    if (picture.pixelColor(x, y).hslSaturation() > 100
-                        && picture.pixelColor(x, y).lightness() < 230)
+                    const auto [red, green, blue] = std::array { picture.pixelColor(x, y).red(),
+                        picture.pixelColor(x, y).green(), picture.pixelColor(x, y).blue() };
+                    if (std::max({ red, green, blue }) - std::min({ red, green, blue }) > 30)
                         found |= QRect(x, y, 1, 1);
                 }
             }
@@ -101,6 +104,50 @@ namespace {
         EXPECT_GE(heart.left(), std::floor(origin.x() + line.cursorToX(4)));
         EXPECT_LE(heart.right(), std::ceil(origin.x() + line.cursorToX(2)));
         EXPECT_GT(heart.width(), 8);
+    }
+
+    TEST_F(EmojiTextTest, AFlagAndAKeycapStandBetweenTheWordsOnBothSidesOfThem)
+    {
+        for (const auto* emoji : { u"🇩🇪", u"1️⃣", u"❤️", u"👍🏽", u"🏳️‍🌈" }) {
+            const auto shown = QString::fromUtf16(emoji);
+            for (const auto direction : { Qt::LeftToRight, Qt::RightToLeft }) {
+                const auto text = laidOut(
+                    QStringLiteral("אבא ") + shown + QStringLiteral(" דגד"), 200, direction);
+                const auto line = text->layout().lineAt(0);
+                const auto found = coloured(pictureOf(*text));
+                // Between the two blanks around it, so that it covers no letter.
+                const auto oneEnd = origin.x() + line.cursorToX(4);
+                const auto otherEnd
+                    = origin.x() + line.cursorToX(4 + static_cast<int>(shown.size()));
+
+                EXPECT_GE(found.left(), std::floor(std::min(oneEnd, otherEnd)))
+                    << shown.toStdString() << direction;
+                EXPECT_LE(found.right(), std::ceil(std::max(oneEnd, otherEnd)))
+                    << shown.toStdString() << direction;
+                EXPECT_GT(found.width(), 6) << shown.toStdString() << direction;
+            }
+        }
+    }
+
+    TEST_F(EmojiTextTest, ManyDifferentEmojiAreNotKeptForEver)
+    {
+        const auto first = pictures.pictureOf(QStringLiteral("😀"), textFont(12));
+        EXPECT_EQ(pictures.pictureOf(QStringLiteral("😀"), textFont(12)), first);
+
+        for (int size = 0; size < 2000; ++size) {
+            auto font = textFont(12);
+            font.setPixelSize(20 + size);
+            pictures.pictureOf(QStringLiteral("☕"), font);
+        }
+
+        EXPECT_NE(pictures.pictureOf(QStringLiteral("😀"), textFont(12)), first);
+    }
+
+    TEST_F(EmojiTextTest, AnEmojiUnderATowerOfMarksIsNotKept)
+    {
+        const auto tower = QStringLiteral("😀") + QString(100, QChar(0x0301));
+
+        EXPECT_NE(pictures.pictureOf(tower, textFont(12)), pictures.pictureOf(tower, textFont(12)));
     }
 
     TEST_F(EmojiTextTest, ALineEndsBetweenTwoEmojiAndNeverWithinOne)

@@ -73,12 +73,68 @@ namespace {
         EXPECT_LE(end.height(), 4);
     }
 
+    TEST(TitlePainterTest, LettersStandOnTheSameLineWithAnEmojiAndWithout)
+    {
+        for (const double ratio : { 1.0, 1.25, 1.5, 2.0 }) {
+            for (const double top : { 8.0, 8.5, 10.0 }) {
+                const auto lettersOf = [&](const QString& title) {
+                    QImage picture(
+                        (QSizeF(200, 40) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+                    picture.setDevicePixelRatio(ratio);
+                    picture.fill(Qt::white);
+                    QPainter painter(&picture);
+                    painter.setFont(textFont(13));
+                    TitlePainter().draw(painter, QRectF(20, top, 120, 17), title);
+                    painter.end();
+                    picture.setDevicePixelRatio(1);
+                    return inked(
+                        picture.copy(0, 0, static_cast<int>(28 * ratio), picture.height()));
+                };
+
+                const auto plain = lettersOf(QStringLiteral("EE"));
+                const auto besideEmoji = lettersOf(QStringLiteral("EE 😀"));
+
+                EXPECT_EQ(besideEmoji.top(), plain.top()) << ratio << " " << top;
+                EXPECT_EQ(besideEmoji.bottom(), plain.bottom()) << ratio << " " << top;
+            }
+        }
+    }
+
     TEST(TitlePainterTest, ATitleThatHasJustRoomKeepsItsEnd)
     {
-        const auto whole = painted(QStringLiteral("😀😀😀"));
+        EmojiPictures pictures;
+        const auto title = QStringLiteral("Wow 😀🎉");
+        QTextOption option;
+        EmojiText laidOut(title, textFont(13), option, pictures);
+        laidOut.layout().beginLayout();
+        auto line = laidOut.layout().createLine();
+        line.setLineWidth(1000);
+        laidOut.layout().endLayout();
+        const auto needed = line.naturalTextWidth();
+        const auto paintedIn = [&title](double width) {
+            QImage picture(200, 40, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            painter.setFont(textFont(13));
+            TitlePainter().draw(painter, QRectF(place.left(), place.top(), width, 20), title);
+            return picture;
+        };
 
-        EXPECT_GT(inked(whole).height(), 8);
-        EXPECT_LT(inked(whole).right(), place.right() - 40);
+        EXPECT_EQ(paintedIn(needed + 0.5), paintedIn(needed + 50));
+        EXPECT_NE(paintedIn(needed - 1), paintedIn(needed + 50));
+    }
+
+    TEST(TitlePainterTest, OneInTheMiddleHasAsMuchRoomOnBothSides)
+    {
+        for (const auto* title : { u"Well 😀😀", u"Well, well" }) {
+            QImage picture(200, 40, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            painter.setFont(textFont(13));
+            TitlePainter().draw(painter, place, QString::fromUtf16(title), Qt::AlignHCenter);
+
+            EXPECT_NEAR(inked(picture).center().x(), place.center().x(), 2);
+        }
     }
 
 } // namespace
