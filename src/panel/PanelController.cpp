@@ -37,6 +37,8 @@ PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
     m_connections.push_back(panel.panelSearch.onChange([this](const std::string&) {
         m_selectedIndex = 0; // from another search on, its first hit is the next best
         keepSelectionDisplayed();
+        if (!m_store.panel().selectedClipID.value()) // the search before had no hit
+            selectFirst(m_store);
     }));
     m_connections.push_back(store.clipsChanged.connect([this] { keepSelectionDisplayed(); }));
     m_connections.push_back(panel.selectedClipID.onChange([this](const auto& selected) {
@@ -256,21 +258,17 @@ bool PanelController::perform(panelcommands::TogglePin)
 
 /// A key must never act on a clip that the user does not see, because the search has hidden it, it
 /// has been unpinned in the tab of the pinned, deleted or evicted. The selection goes to the first
-/// hit then, or to the clip that has come into its place, the last one where none has; after a search
-/// without a hit, to the first one of the next that has some.
+/// hit then, or to the clip that has come into its place, the last one where none has.
 void PanelController::keepSelectionDisplayed()
 {
     const auto& selected = m_store.panel().selectedClipID.value();
     const auto& displayed = m_store.filteredClips();
-    if (const auto index = indexOf(displayed, selected)) {
+    if (const auto index = indexOf(displayed, selected))
         m_selectedIndex = *index;
-        m_isSearchInVain = false;
-    } else if (selected) {
+    else if (selected) {
         m_host.hidePreview(); // as for any other move of the selection
-        m_isSearchInVain = displayed.empty() && !m_store.panel().panelSearch.value().empty();
         select(m_store, displayed, m_selectedIndex);
-    } else if (m_isSearchInVain && !displayed.empty())
-        select(m_store, displayed, 0);
+    }
 }
 
 /// The clip is copied first: what is done with it may move or end the one in the list.

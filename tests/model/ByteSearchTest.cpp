@@ -93,8 +93,10 @@ namespace {
                     text += blanks[at % blanks.size()];
                 const auto after = std::string(text.rbegin(), text.rend());
 
-                EXPECT_EQ(endOfAsciiBlanks(text + middle + after), before);
-                EXPECT_EQ(beginOfAsciiBlanks(text + middle + after), before + std::strlen(middle));
+                auto whole = text;
+                whole.append(middle).append(after);
+                EXPECT_EQ(endOfAsciiBlanks(whole), before);
+                EXPECT_EQ(beginOfAsciiBlanks(whole), before + std::strlen(middle));
                 EXPECT_EQ(endOfAsciiBlanks(text), before);
                 EXPECT_EQ(beginOfAsciiBlanks(text), 0U);
             }

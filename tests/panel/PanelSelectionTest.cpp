@@ -230,6 +230,21 @@ namespace {
         }
     }
 
+    TEST(PanelSelectionTest, SoDoesOneThatIsCorrectedInATabWithoutHits)
+    {
+        PanelFixture f;
+        f.fill({ "beta", "bravo" });
+        f.store.togglePin(f.idAt(1));
+        f.selectAt(0);
+        f.store.panel().panelSearch.set("beta");
+        f.store.panel().panelFilterTab.set(FilterTab::pinned);
+        f.store.panel().selectedClipID.set(std::nullopt); // as a switch to an empty tab does it
+
+        f.store.panel().panelSearch.set("b");
+
+        EXPECT_EQ(f.selected(), "bravo");
+    }
+
     TEST(PanelSelectionTest, AClipThatIsUnpinnedInThePinnedTabGivesTheSelectionToTheOneInItsPlace)
     {
         PanelFixture f;

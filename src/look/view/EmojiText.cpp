@@ -66,7 +66,7 @@ std::shared_ptr<const EmojiPictures::Picture> EmojiPictures::pictureOf(
 {
     if (const auto known = m_pictures.find({ emoji, font }); known != m_pictures.end())
         return known->second;
-    const auto picture = pictureIn(emoji, font);
+    auto picture = pictureIn(emoji, font);
     // The longest that Unicode recommends has fifteen units; what is longer is nothing to keep.
     constexpr qsizetype longest = 20;
     constexpr std::size_t most = 2000;
@@ -115,7 +115,8 @@ EmojiText::EmojiText(
         rooms.append({ begin, length, picture->room });
         m_emoji.push_back({ begin, length, std::move(picture) });
     }
-    m_goesBothWays = !m_emoji.empty() && std::ranges::any_of(text, isFromRightToLeft);
+    m_goesBothWays = option.textDirection() == Qt::RightToLeft
+        || (!m_emoji.empty() && std::ranges::any_of(text, isFromRightToLeft));
     if (!rooms.isEmpty())
         m_layout.setFormats(rooms);
 }
@@ -138,13 +139,12 @@ double EmojiText::leftOf(const QTextLine& line, const Emoji& emoji) const
     if (!m_goesBothWays)
         return line.cursorToX(emoji.begin);
     // Where directions meet, a place in the text is two places on the line; the boxes that keep the
-    // room have one.
-    auto left = line.x() + line.width();
-    for (const auto& run : line.glyphRuns(emoji.begin, emoji.length)) {
-        for (const auto& box : run.positions())
-            left = std::min(left, box.x());
-    }
-    return left;
+    // room have one. The last of them is as wide as the rest of the room.
+    const auto runs = line.glyphRuns(emoji.begin, emoji.length);
+    if (runs.isEmpty() || runs.first().positions().isEmpty())
+        return line.cursorToX(emoji.begin);
+    const auto& run = runs.first();
+    return run.isRightToLeft() ? run.positions().last().x() : run.positions().first().x();
 }
 
 } // namespace korvane

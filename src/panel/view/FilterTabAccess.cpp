@@ -50,7 +50,7 @@ namespace {
         QStringList actionNames() const override { return { pressAction() }; }
         void doAction(const QString& name) override
         {
-            if (auto* const bar = m_tabs.bar(); bar && name == pressAction())
+            if (auto* const bar = m_tabs.bar(); bar && bar->isVisible() && name == pressAction())
                 bar->choose(m_tab);
         }
 

@@ -108,7 +108,8 @@ namespace {
 
     TEST_F(EmojiTextTest, AFlagAndAKeycapStandBetweenTheWordsOnBothSidesOfThem)
     {
-        for (const auto* emoji : { u"🇩🇪", u"1️⃣", u"❤️", u"👍🏽", u"🏳️‍🌈" }) {
+        for (const auto* emoji : { u"🇩🇪", u"1️⃣", u"❤️", u"👍🏽", u"🏳️‍🌈",
+                 u"👩🏽‍❤️‍💋‍👨🏿" }) {
             const auto shown = QString::fromUtf16(emoji);
             for (const auto direction : { Qt::LeftToRight, Qt::RightToLeft }) {
                 const auto text = laidOut(
@@ -127,6 +128,18 @@ namespace {
                 EXPECT_GT(found.width(), 6) << shown.toStdString() << direction;
             }
         }
+    }
+
+    TEST_F(EmojiTextTest, InALineFromRightToLeftWithoutALetterTheyStandFromTheRight)
+    {
+        const auto text = laidOut(QStringLiteral("❤️❤️"), 200, Qt::RightToLeft);
+        const auto line = text->layout().lineAt(0);
+
+        const auto found = coloured(pictureOf(*text));
+
+        EXPECT_GE(found.left(), std::floor(origin.x() + line.cursorToX(4)));
+        EXPECT_LE(found.right(), std::ceil(origin.x() + line.cursorToX(0)));
+        EXPECT_GT(found.width(), 20);
     }
 
     TEST_F(EmojiTextTest, ManyDifferentEmojiAreNotKeptForEver)
