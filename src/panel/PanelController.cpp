@@ -22,6 +22,14 @@ namespace {
         return found == displayed.end() ? 0 : static_cast<std::size_t>(found - displayed.begin());
     }
 
+    bool actsOnList(const PanelCommand& command)
+    {
+        return !std::holds_alternative<panelcommands::Pass>(command)
+            && !std::holds_alternative<panelcommands::CycleTab>(command)
+            && !std::holds_alternative<panelcommands::HidePreview>(command)
+            && !std::holds_alternative<panelcommands::Escape>(command);
+    }
+
 } // namespace
 
 PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
@@ -52,6 +60,9 @@ bool PanelController::handle(const KeyPress& press)
         { .isPreviewVisible = m_host.isPreviewVisible(),
             .isTabCyclingEnabled = isTabCyclingEnabled(m_preferences),
             .isDirectPasteEnabled = isDirectPasteEnabled(m_preferences) });
+    // A key acts on what stands in the tab that the user has gone to.
+    if (actsOnList(command))
+        m_tabs.finish();
     return std::visit([this](auto asked) { return perform(asked); }, command);
 }
 

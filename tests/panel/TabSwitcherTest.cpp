@@ -219,5 +219,71 @@ namespace {
         EXPECT_EQ(f.loop.pendingTimers(), 0U);
     }
 
+    TEST(TabSwitcherTest, SwitchesThatAreFinishedLeaveTheListOnTheLastTabAndFadeItBack)
+    {
+        PanelFixture f;
+        f.tabs.cycle(1);
+        f.loop.advance(100ms);
+        f.tabs.cycle(1);
+
+        f.tabs.finish();
+
+        EXPECT_EQ(filterTab(f), FilterTab::text);
+        EXPECT_EQ(tabDisplayed(f), std::nullopt);
+        f.loop.advance(10ms);
+        EXPECT_FALSE(isSwitching(f));
+        f.loop.advance(500ms);
+        EXPECT_EQ(filterTab(f), FilterTab::text);
+        EXPECT_EQ(tabDisplayed(f), std::nullopt);
+    }
+
+    TEST(TabSwitcherTest, WithoutASwitchThereIsNothingToFinish)
+    {
+        PanelFixture f;
+        f.fill({ "a", "b" });
+        f.selectAt(1);
+
+        f.tabs.finish();
+
+        EXPECT_EQ(f.selected(), "b");
+        EXPECT_FALSE(isSwitching(f));
+    }
+
+    TEST(TabSwitcherTest, AKeyThatActsOnAClipRightAfterTabActsInTheNewTab)
+    {
+        for (const auto key : { keycodes::returnKey, keycodes::space }) {
+            PanelFixture f;
+            f.fill({ "plain" });
+            f.press(keycodes::tab);
+
+            f.press(key);
+
+            EXPECT_EQ(filterTab(f), FilterTab::pinned);
+            EXPECT_EQ(f.actions.done.size(), 0U);
+            EXPECT_EQ(f.selected(), "none");
+        }
+    }
+
+    TEST(TabSwitcherTest, NothingIsDeletedInTheTabThatIsBeingLeft)
+    {
+        PanelFixture f;
+        f.fill({ "plain" });
+        f.press(keycodes::tab);
+
+        f.press(keycodes::backspace, modifiers::command);
+
+        EXPECT_EQ(f.store.clips().size(), 1U);
+    }
+
+    TEST(TabSwitcherTest, TypingAndTabItselfLeaveTheSwitchItsTime)
+    {
+        PanelFixture f;
+        f.fill({ "plain" });
+        f.press(keycodes::tab);
+        f.press(keycodes::tab);
+
+        EXPECT_EQ(filterTab(f), FilterTab::all);
+    }
+
 } // namespace
 } // namespace korvane
