@@ -4,7 +4,6 @@
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
-#include <algorithm>
 #include <cassert>
 #include <cstdint>
 #include <memory>

@@ -16,8 +16,8 @@ struct EmojiPlace {
 
 /// The characters (extended grapheme clusters, UAX #29) of a text that are to be shown as one coloured
 /// picture each, from the first to the last: what Unicode's UTS #51 calls emoji characters with emoji
-/// presentation, emoji presentation sequences, modifier sequences, keycaps, flags and joined sequences. A character that
-/// asks to be shown as text (U+FE0E) is none.
+/// presentation, emoji presentation sequences, modifier sequences, keycaps, flags and joined sequences. A
+/// character that asks to be shown as text (U+FE0E) is none.
 /// @param text  need not be well-formed; a lone surrogate is no emoji
 std::vector<EmojiPlace> emojiSequences(std::u16string_view text);
 

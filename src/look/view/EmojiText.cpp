@@ -1,7 +1,5 @@
 #include "look/view/EmojiText.h"
 
-#include "model/EmojiSequences.h"
-
 #include <QGlyphRun>
 #include <QPainter>
 
@@ -61,6 +59,12 @@ namespace {
 
 } // namespace
 
+std::vector<EmojiPlace> emojiIn(const QString& text)
+{
+    const QStringView units(text);
+    return emojiSequences({ units.utf16(), static_cast<std::size_t>(units.size()) });
+}
+
 std::shared_ptr<const EmojiPictures::Picture> EmojiPictures::pictureOf(
     const QString& emoji, const QFont& font)
 {
@@ -106,9 +110,7 @@ EmojiText::EmojiText(
     m_layout.setTextOption(option);
     m_layout.setCacheEnabled(true); // else each painting would shape all of it again
     QList<QTextLayout::FormatRange> rooms;
-    const std::u16string_view units(
-        reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
-    for (const auto& place : emojiSequences(units)) {
+    for (const auto& place : emojiIn(text)) {
         const auto begin = static_cast<int>(place.begin);
         const auto length = static_cast<int>(place.end - place.begin);
         auto picture = pictures.pictureOf(text.mid(begin, length), font);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/EmojiSequences.h"
+
 #include <QFont>
 #include <QPointF>
 #include <QString>
@@ -15,6 +17,9 @@
 class QPainter;
 
 namespace korvane {
+
+/// Where the emoji of a text stand.
+std::vector<EmojiPlace> emojiIn(const QString& text);
 
 /// The pictures of emoji, each laid out once for a font. Beside a text the toolkit would take a part
 /// of an emoji from the first font that has it (a black heart, a runner with a sign of her sex), and

@@ -1,7 +1,6 @@
 #include "panel/view/TitlePainter.h"
 
 #include "look/view/ElidedText.h"
-#include "model/EmojiSequences.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -13,13 +12,6 @@
 namespace korvane {
 
 namespace {
-
-    bool hasEmoji(const QString& text)
-    {
-        return !emojiSequences({ reinterpret_cast<const char16_t*>(text.utf16()),
-                                   static_cast<std::size_t>(text.size()) })
-                    .empty();
-    }
 
     /// As much of the text as stands on one line of this width.
     std::unique_ptr<EmojiText> firstLine(
@@ -41,7 +33,7 @@ namespace {
 void TitlePainter::draw(
     QPainter& painter, const QRectF& place, const QString& title, Qt::AlignmentFlag where)
 {
-    if (hasEmoji(title))
+    if (!emojiIn(title).empty())
         return drawWithEmoji(painter, place, title, where);
     const int direction = title.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute
                                                 : Qt::TextForceLeftToRight;
