@@ -64,6 +64,7 @@ private:
 // The benches, each in a file of its own.
 void benchSearch(Report& report);
 void benchSave(Report& report);
+void benchTransfer(Report& report);
 void benchLoad(Report& report, const std::string& ownProgram);
 void benchClassifier(Report& report);
 void benchPreview(Report& report);

@@ -61,6 +61,7 @@ int main(int argc, char** argv)
     Report report;
     benchSearch(report);
     benchSave(report);
+    benchTransfer(report);
     benchLoad(report, argv[0]);
     benchClassifier(report);
     benchPreview(report);

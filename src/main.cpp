@@ -4,14 +4,19 @@
 #include "app/view/AlertBoxes.h"
 #include "app/view/ApplicationTheme.h"
 #include "app/view/ClipPreviewWindow.h"
+#include "app/view/FileDialogWindows.h"
 #include "app/view/PanelWindow.h"
+#include "app/view/SettingsWindow.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
 #include "platform/Platform.h"
+#include "platform/TerminationSignals.h"
 #include "platform/qt/PortalSettings.h"
+#include "platform/qt/QtDocumentFetcher.h"
 #include "platform/qt/QtMainLoop.h"
+#include "platform/xdg/AutostartEntry.h"
 #include "platform/xdg/BaseFolders.h"
 #include "platform/xdg/CanberraSoundPlayer.h"
 #include "platform/xdg/PreferencesFile.h"
@@ -29,6 +34,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -64,6 +70,18 @@ namespace {
         return std::nullopt;
     }
 
+    /// Builds with tests may be shown another site than their own; what a user runs looks at no such
+    /// variable, so that nobody leads it astray.
+    std::string site()
+    {
+        constexpr const char* variable = KORVANE_SITE_VARIABLE;
+        const char* const shown = *variable != '\0' ? std::getenv(variable) : nullptr;
+        return shown != nullptr ? shown : KORVANE_SITE;
+    }
+
+    constexpr auto schemes = KORVANE_PLAIN_HTTP ? QtDocumentFetcher::Schemes::httpToo
+                                                : QtDocumentFetcher::Schemes::https;
+
     PixelRect pixelRect(const QRect& rect)
     {
         return { rect.x(), rect.y(), rect.width(), rect.height() };
@@ -95,14 +113,21 @@ namespace {
     /// the reverse order.
     class Program {
     public:
-        Program(const BaseFolders& folders, InstanceClaim claim)
-            : m_preferences(folders.configHome / folderName / "preferences.json", m_loop, m_log)
+        /// @param documents  outlives the program
+        Program(const BaseFolders& folders, InstanceClaim claim, SystemLog& log,
+            QtDocumentFetcher& documents)
+            : m_log(log)
+            , m_documents(documents)
+            , m_preferences(folders.configHome / folderName / "preferences.json", m_loop, m_log)
             , m_platform(m_loop)
             , m_desktop(QDBusConnection::sessionBus(), m_log)
             , m_sounds(findSoundsFolder(QCoreApplication::applicationFilePath().toStdString(),
                            KORVANE_SOUNDS_DIR),
                   m_log)
+            , m_loginItem(folders.configHome / "autostart" / (std::string(folderName) + ".desktop"),
+                  QCoreApplication::applicationFilePath().toStdString())
             , m_theme(m_portal.isDark(), m_portal.isAnimated())
+            , m_fileDialogs(textReader(m_platform.pasteboard()))
             , m_screens(
                   m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
             , m_app(ports(), folders.dataHome / folderName)
@@ -161,7 +186,8 @@ namespace {
         {
             return { m_loop, m_log, m_preferences, m_platform.pasteboard(), m_platform.workspace(),
                 m_platform.hotkeyGrabber(), m_platform.keyboard(), m_desktop, m_sounds, m_tray,
-                m_screens, m_platform.outsideClicks(), m_theme, m_alerts,
+                m_screens, m_platform.outsideClicks(), m_theme, m_alerts, m_documents,
+                m_fileDialogs,
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
@@ -169,8 +195,19 @@ namespace {
                     return std::make_unique<ClipPreviewWindow>(
                         m_screens, m_platform.isComposited(), frameTeller());
                 },
-                [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, nullptr,
-                nullptr };
+                [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, site(),
+                [this](const SettingsSubjects& subjects) {
+                    SettingsWindow::installAccess();
+                    return std::make_unique<SettingsWindow>(subjects, settingsWorld());
+                } };
+        }
+
+        SettingsWindow::World settingsWorld()
+        {
+            return { m_loop, m_screens, m_preferences, m_sounds, m_loginItem, std::cout,
+                textReader(m_platform.pasteboard()), m_platform.keyRecorder(),
+                m_platform.applications(), m_alerts,
+                [this](std::uint32_t window) { m_platform.passKeyboard(window); } };
         }
 
         PanelWindow::World panelWorld()
@@ -188,15 +225,19 @@ namespace {
             };
         }
 
+        SystemLog& m_log;
+        QtDocumentFetcher& m_documents;
         QtMainLoop m_loop;
-        SystemLog m_log;
+        TerminationSignals m_signals { m_loop, [] { QCoreApplication::exit(EXIT_SUCCESS); } };
         PreferencesFile m_preferences;
         Platform m_platform;
         XdgDesktop m_desktop;
         CanberraSoundPlayer m_sounds;
+        AutostartEntry m_loginItem;
         PortalSettings m_portal;
         ApplicationTheme m_theme;
         AlertBoxes m_alerts;
+        FileDialogWindows m_fileDialogs;
         TrayItem m_tray;
         TrayScreens m_screens;
         AppDelegate m_app;
@@ -206,7 +247,8 @@ namespace {
     };
 
     /// From its end on, the process has one second left: the toolkit then offers a text of ours on the
-    /// clipboard to the desktop's clipboard manager, and would wait five seconds for one that hangs.
+    /// clipboard to the desktop's clipboard manager, and would wait five seconds for one that hangs; a
+    /// name server that is slow to answer a check for updates could keep it as long.
     /// Everything of ours is on the disk by then.
     struct FarewellLimit {
         int status = EXIT_SUCCESS;
@@ -269,9 +311,11 @@ namespace {
         auto count = static_cast<int>(toolkitArguments.size());
         const QApplication application(count, toolkitArguments.data());
 
-        // Ends after the program and before the toolkit.
+        SystemLog log;
+        QtDocumentFetcher documents(schemes, log);
+        // Ends after the program and before the toolkit, which waits for the names that it is looking up.
         FarewellLimit farewell;
-        Program program(folders, std::move(claim));
+        Program program(folders, std::move(claim), log, documents);
         const auto dataFolder = folders.dataHome / folderName;
         if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
             program.warn(

@@ -1,12 +1,12 @@
 #include "app/AppDelegate.h"
 
-#include "app/AlertTexts.h"
 #include "app/Windows.h"
 #include "capture/Pasteboard.h"
 #include "hotkey/Keyboard.h"
 #include "model/Log.h"
 #include "model/Preferences.h"
 #include "settings/Desktop.h"
+#include "settings/HotkeyRecorder.h"
 
 #include <string_view>
 #include <utility>
@@ -18,10 +18,12 @@ namespace {
     constexpr std::string_view makersPage = KORVANE_SITE "/more";
 
     PanelShell::World shellWorld(Ports& ports, ClipStore& store,
-        std::function<PlacedWindow&()> makePanel, std::function<PreviewWindow&()> makePreview)
+        std::function<PlacedWindow&()> makePanel, std::function<PreviewWindow&()> makePreview,
+        std::function<PlacedWindow&()> makeSettings, std::function<void()> checkForUpdates)
     {
         return { store, ports.preferences, ports.screens, ports.outsideClicks, ports.loop,
-            std::move(makePanel), std::move(makePreview), ports.settings, ports.checkForUpdates,
+            std::move(makePanel), std::move(makePreview), std::move(makeSettings),
+            std::move(checkForUpdates),
             [&desktop = ports.desktop] { desktop.openAddress(makersPage); }, ports.quit };
     }
 
@@ -43,12 +45,20 @@ AppDelegate::AppDelegate(Ports ports, const std::filesystem::path& dataFolder)
           [this]() -> PreviewWindow& {
               m_previewPanel = m_ports.makePreview();
               return *m_previewPanel;
-          }))
+          },
+          [this]() -> PlacedWindow& {
+              m_preferencesWindow = m_ports.makeSettings({ m_store, m_monitor, m_hotkeys, m_limits,
+                  m_actions, m_preferencesTabSelection });
+              return *m_preferencesWindow;
+          },
+          [this] { checkForUpdates(); }))
     , m_paster({ m_store, m_monitor, m_clipboard, m_ports.pasteboard, m_ports.workspace,
           m_ports.keyboard, m_ports.desktop, m_sounds, m_ports.loop,
           [this] { m_shell.hidePanel(); } })
     , m_tabs(m_store, m_ports.loop)
     , m_panel(m_store, m_monitor, m_ports.preferences, m_shell, m_paster, m_tabs)
+    , m_limits(m_store, m_ports.preferences, m_ports.alerts)
+    , m_actions(m_store, m_ports.loop, m_ports.fileDialogs, m_ports.alerts)
 {
 }
 
@@ -77,7 +87,7 @@ bool AppDelegate::launch()
     static_cast<void>(m_hotkeys.registerShortcut(shortcut->keyCode, shortcut->modifiers));
 
     m_connections.push_back(m_hotkeys.refused.connect(
-        [this] { m_ports.alerts.warn(alerttexts::shortcutUnavailable); }));
+        [this] { m_ports.alerts.show(recordertexts::shortcutUnavailable(), {}); }));
 
     connectPreferences();
     connectPanel();
@@ -93,7 +103,7 @@ void AppDelegate::setupStatusItem()
     m_ports.statusItem.setImage(statustext::image);
     m_ports.statusItem.setMenu([this] {
         return statustext::menu(m_monitor.isPrivateModeEnabled(),
-            { [this] { m_panel.togglePrivateMode(); }, [this] { m_shell.openPreferences(); },
+            { [this] { m_panel.togglePrivateMode(); }, [this] { m_shell.togglePreferences(); },
                 [this] { m_shell.checkForUpdates(); }, [this] { m_shell.openMakersPage(); },
                 [this] { m_shell.quit(); } });
     });
@@ -197,6 +207,28 @@ void AppDelegate::updateStatusIcon()
     // Only when private mode is switched: a start in private mode shows the plain icon, deliberately.
     m_ports.statusItem.setImage(
         m_monitor.isPrivateModeEnabled() ? statustext::privateImage : statustext::image);
+}
+
+void AppDelegate::checkForUpdates()
+{
+    if (!m_updates) {
+        UpdateChecker::World world { m_ports.documents,
+            [this](const Alert& alert, Alerts::Answered answered) {
+                showUpdateAlert(alert, std::move(answered));
+            },
+            [&desktop = m_ports.desktop](
+                std::string_view address) { desktop.openAddress(address); } };
+        m_updates.emplace(
+            std::move(world), versionAddress(m_ports.site), runningVersion(KORVANE_VERSION));
+    }
+    m_updates->checkForUpdates(UpdateChecker::Check::asked);
+}
+
+/// The alert takes the keyboard, and a panel that stays open without it would hear no key.
+void AppDelegate::showUpdateAlert(const Alert& alert, Alerts::Answered answered)
+{
+    m_shell.hidePanel();
+    m_ports.alerts.show(alert, std::move(answered));
 }
 
 void AppDelegate::applyTheme()

@@ -11,9 +11,14 @@
 #include "model/ClipStore.h"
 #include "panel/PanelController.h"
 #include "panel/TabSwitcher.h"
+#include "settings/DataActions.h"
+#include "settings/LimitFields.h"
+#include "settings/SettingsTab.h"
+#include "update/UpdateChecker.h"
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace korvane {
@@ -48,6 +53,8 @@ private:
     void updateStatusTitle();
     void updateStatusIcon();
     void applyTheme();
+    void checkForUpdates();
+    void showUpdateAlert(const Alert& alert, Alerts::Answered answered);
 
     Ports m_ports;
     ClipStore m_store;
@@ -61,6 +68,11 @@ private:
     PanelController m_panel;
     std::unique_ptr<PlacedWindow> m_panelWindow; // shows the store and asks the controller
     std::unique_ptr<PreviewWindow> m_previewPanel;
+    std::optional<UpdateChecker> m_updates; // made when it is first needed
+    SettingsTabSelection m_preferencesTabSelection;
+    LimitFields m_limits;
+    DataActions m_actions;
+    std::unique_ptr<PlacedWindow> m_preferencesWindow; // shows all of the above
     /// Shared with reads under way, whose answers come to nothing when we have gone before them.
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
     std::vector<Connection> m_connections;

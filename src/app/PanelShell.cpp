@@ -113,17 +113,31 @@ bool PanelShell::isPreviewVisible() const
 
 void PanelShell::openPreferences()
 {
-    if (!m_world.settings)
-        return;
-    if (m_world.settings->isVisible()) {
-        m_world.settings->hide();
-        return;
+    if (!m_settings) {
+        m_settings = &m_world.makeSettings();
+        m_settingsFramed = m_settings->framed.connect([this] { placeSettings(); });
     }
-    const Rect size = m_world.settings->frame();
-    m_world.settings->setFrame(placement::besidePanel(size.width, size.height,
-        isPanelVisible() ? std::optional(m_panel->frame()) : std::nullopt,
-        m_world.screens.look().visible));
-    m_world.settings->show();
+    // A window manager brings to the front and to the workspace that is looked at what is shown anew.
+    if (m_settings->isVisible())
+        m_settings->hide();
+    placeSettings();
+    m_settings->show();
+}
+
+void PanelShell::placeSettings()
+{
+    const Rect visible = m_world.screens.look().visible;
+    const Rect size = m_settings->wantedFrame();
+    m_settings->setFrame(placement::besidePanel(size.width, size.height,
+        isPanelVisible() ? std::optional(m_panel->frame()) : std::nullopt, visible));
+}
+
+void PanelShell::togglePreferences()
+{
+    if (m_settings && m_settings->isVisible())
+        m_settings->hide();
+    else
+        openPreferences();
 }
 
 void PanelShell::checkForUpdates()

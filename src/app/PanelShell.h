@@ -26,8 +26,8 @@ public:
         std::function<PlacedWindow&()> makePanel;
         /// The same for the preview's window, at the first clip that is shown in it.
         std::function<PreviewWindow&()> makePreview;
-        /// The window of the settings; none where the program has no such window.
-        PlacedWindow* settings = nullptr;
+        /// The same for the settings window, when it is first wanted.
+        std::function<PlacedWindow&()> makeSettings;
         /// What is offered in the panel and concerns the whole program; one that is empty does nothing.
         std::function<void()> checkForUpdates;
         std::function<void()> openMakersPage;
@@ -52,7 +52,10 @@ public:
     void showPreview(const ClipItem& clip, std::optional<double> rowMidY) override;
     void hidePreview() override;
     bool isPreviewVisible() const override;
+    /// Shows the settings window beside the panel; one that is open is brought back, placed afresh.
     void openPreferences() override;
+    /// The status item's way there: a settings window that is open is hidden.
+    void togglePreferences();
     void checkForUpdates() override;
     void openMakersPage() override;
     void quit() override;
@@ -63,6 +66,7 @@ public:
     Signal<> prepare;
 
 private:
+    void placeSettings();
     void clickedOutside();
     void hidePreviewOfGone();
 
@@ -70,9 +74,11 @@ private:
     PlacedWindow* m_panel = nullptr;    // until it has been built
     PreviewWindow* m_preview = nullptr; // the same
     ClipId m_previewed;                 // the clip that was shown last
+    PlacedWindow* m_settings = nullptr; // the same
     Timer m_afterOutsideClick;
     Connection m_outsideClick;
     Connection m_clipsChanged;
+    Connection m_settingsFramed;
 };
 
 } // namespace korvane

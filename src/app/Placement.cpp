@@ -39,8 +39,11 @@ Rect panelFrame(
     return { x, y, panelWidth, height };
 }
 
-Rect besidePanel(double width, double height, const std::optional<Rect>& panel, const Rect& visible)
+Rect besidePanel(
+    double wantedWidth, double wantedHeight, const std::optional<Rect>& panel, const Rect& visible)
 {
+    const double width = std::min(wantedWidth, visible.width - 2 * screenMargin);
+    const double height = std::min(wantedHeight, visible.height - 2 * screenMargin);
     if (!panel)
         return { visible.middleX() - width / 2, visible.middleY() - height / 2, width, height };
 

@@ -28,7 +28,8 @@ namespace placement {
         PanelAlignment alignment);
 
     /// The place of a window of the given size beside the open panel: on its left where there is
-    /// room, else on its right, else in the middle; without a panel in the middle of the screen.
+    /// room, else on its right, else in the middle; without a panel in the middle of the screen. Where
+    /// the screen has no room for that size, the window is as large as there is room.
     Rect besidePanel(
         double width, double height, const std::optional<Rect>& panel, const Rect& visible);
 } // namespace placement

@@ -1,9 +1,8 @@
 #include "app/SoundCues.h"
 
 #include "model/Preferences.h"
+#include "settings/SoundChoice.h"
 #include "settings/SoundPlayer.h"
-
-#include <string>
 
 namespace korvane {
 
@@ -15,26 +14,25 @@ SoundCues::SoundCues(const Preferences& preferences, SoundPlayer& player)
 
 void SoundCues::clipCaptured()
 {
-    play(keys::playSoundOnCopy, keys::copySoundName, "Tink");
+    play(soundchoices::copy);
 }
 
 void SoundCues::clipSelected()
 {
-    play(keys::playSoundOnSelect, keys::selectSoundName, "Pop");
+    play(soundchoices::select);
 }
 
 void SoundCues::keyPressed(const KeyPress& press)
 {
     if (press.keyCode == keycodes::v && press.has(modifiers::command)
         && !press.has(modifiers::control))
-        play(keys::playSoundOnPaste, keys::pasteSoundName, "Hero");
+        play(soundchoices::paste);
 }
 
-void SoundCues::play(
-    std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent)
+void SoundCues::play(const SoundChoice& choice)
 {
-    if (m_preferences.boolean(switchKey))
-        m_player.play(m_preferences.string(nameKey).value_or(std::string(nameWhenAbsent)));
+    if (choice.isOn(m_preferences))
+        m_player.play(choice.name(m_preferences));
 }
 
 } // namespace korvane

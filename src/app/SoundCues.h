@@ -2,12 +2,11 @@
 
 #include "hotkey/KeyCodes.h"
 
-#include <string_view>
-
 namespace korvane {
 
 class Preferences;
 class SoundPlayer;
+struct SoundChoice;
 
 /// Which event plays which sound. Each has a switch and a name of its own in the preferences, read
 /// anew each time; all are off until the user switches them on.
@@ -24,8 +23,7 @@ public:
     void keyPressed(const KeyPress& press);
 
 private:
-    void play(
-        std::string_view switchKey, std::string_view nameKey, std::string_view nameWhenAbsent);
+    void play(const SoundChoice& choice);
 
     const Preferences& m_preferences;
     SoundPlayer& m_player;

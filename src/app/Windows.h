@@ -62,22 +62,6 @@ public:
     Signal<> clicked;
 };
 
-/// Something that the user must see, with one button under it.
-struct Alert {
-    std::string_view message;
-    std::string_view informativeText;
-    std::string_view button;
-};
-
-/// Shows alerts. The program goes on meanwhile: copies are captured and the shortcut works.
-class Alerts {
-public:
-    virtual ~Alerts() = default;
-
-    /// Shows a warning until the user dismisses it. One that is shown already is not shown twice.
-    virtual void warn(const Alert& alert) = 0;
-};
-
 /// The colours of all our windows.
 class Appearance {
 public:
@@ -111,11 +95,16 @@ public:
 
     virtual Rect frame() const = 0;
     virtual void setFrame(const Rect& frame) = 0;
+    /// Its frame at the size that it has where there is room for it.
+    virtual Rect wantedFrame() const { return frame(); }
     /// Shows it above all others; a window that takes keys gets the keyboard.
     virtual void show() = 0;
     /// Hides it. A window that had the keyboard gives it up.
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
+
+    /// The desktop has put a frame around it after it was shown, by which it has become larger.
+    Signal<> framed;
 };
 
 /// The window beside the panel that shows the text of one clip. It takes no key and no click.

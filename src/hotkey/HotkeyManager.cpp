@@ -2,21 +2,11 @@
 
 #include "model/Preferences.h"
 
-#include <limits>
+#include <utility>
 
 namespace korvane {
 
 namespace {
-
-    /// A stored number, its default where there is none, or nothing where it is out of range.
-    std::optional<std::uint32_t> storedNumber(
-        const Preferences& preferences, std::string_view key, std::uint32_t whenAbsent)
-    {
-        const auto stored = preferences.value<std::int64_t>(key).value_or(whenAbsent);
-        if (stored < 0 || stored > std::numeric_limits<std::uint32_t>::max())
-            return std::nullopt;
-        return static_cast<std::uint32_t>(stored);
-    }
 
     bool isSameChord(const std::optional<Shortcut>& a, const Shortcut& b)
     {
@@ -30,6 +20,7 @@ HotkeyManager::HotkeyManager(HotkeyGrabber& grabber, Preferences& preferences, M
     , m_preferences(preferences)
     , m_loop(loop)
     , m_stored(loadShortcut())
+    , m_shortcut(m_stored.value_or(Shortcut {}))
     , m_pressed(grabber.pressed.connect([this] { pressed(); }))
     , m_preferencesChanged(preferences.changed.connect([this] { preferencesChanged(); }))
 {
@@ -48,17 +39,7 @@ bool HotkeyManager::registerShortcut(KeyCode keyCode, ModifierMask modifiers)
 
 std::optional<Shortcut> HotkeyManager::loadShortcut() const
 {
-    Shortcut shortcut;
-    const auto keyCode = storedNumber(m_preferences, keys::hotkeyKeyCode, shortcut.keyCode);
-    const auto mask = storedNumber(m_preferences, keys::hotkeyModifiers, shortcut.modifiers);
-    if (!keyCode || !mask)
-        return std::nullopt;
-    shortcut.keyCode = *keyCode;
-    shortcut.modifiers = *mask;
-    auto label = m_preferences.string(keys::hotkeyKeyLabel);
-    if (label && !label->empty())
-        shortcut.label = std::move(*label);
-    return shortcut;
+    return storedShortcut(m_preferences);
 }
 
 void HotkeyManager::saveShortcut(const Shortcut& shortcut)
@@ -69,24 +50,22 @@ void HotkeyManager::saveShortcut(const Shortcut& shortcut)
     m_preferences.set(keys::hotkeyModifiers, std::int64_t { shortcut.modifiers });
     m_preferences.set(keys::hotkeyKeyLabel, shortcut.label);
     m_isSaving = false;
-    m_stored = shortcut;
     m_refused.reset();
+    setStored(shortcut);
+}
+
+Connection HotkeyManager::observeShortcut(std::function<void(const Shortcut&)> slot)
+{
+    return m_shortcut.observe(std::move(slot));
+}
+
+void HotkeyManager::setStored(const Shortcut& shortcut)
+{
+    m_stored = shortcut;
+    m_shortcut.set(shortcut);
 }
 
 bool HotkeyManager::changeShortcut(const Shortcut& shortcut)
-{
-    const bool isAccepted = registerAndSave(shortcut);
-    if (!isAccepted)
-        refused();
-    return isAccepted;
-}
-
-bool HotkeyManager::restoreDefaultShortcut()
-{
-    return registerAndSave({});
-}
-
-bool HotkeyManager::registerAndSave(const Shortcut& shortcut)
 {
     if (!registerShortcut(shortcut.keyCode, shortcut.modifiers)) {
         // Nothing more can be done when the old one has been taken meanwhile.
@@ -96,6 +75,11 @@ bool HotkeyManager::registerAndSave(const Shortcut& shortcut)
     }
     saveShortcut(shortcut);
     return true;
+}
+
+bool HotkeyManager::restoreDefaultShortcut()
+{
+    return changeShortcut({});
 }
 
 void HotkeyManager::pressed()
@@ -112,22 +96,19 @@ void HotkeyManager::preferencesChanged()
 {
     if (m_isSaving)
         return;
-    // Where none of it is stored any more, the file is broken or being written anew.
-    if (!m_preferences.get(keys::hotkeyKeyCode) && !m_preferences.get(keys::hotkeyModifiers))
-        return;
     const auto before = m_stored;
     const auto now = loadShortcut();
+    // Where no chord is stored any more, the file is broken or being written anew.
+    if (!m_preferences.get(keys::hotkeyKeyCode) && !m_preferences.get(keys::hotkeyModifiers)) {
+        if (now && isSameChord(before, *now) && m_preferences.get(keys::hotkeyKeyLabel))
+            setStored(*now); // the default, under another name
+        return;
+    }
     if (!now || isSameChord(m_refused, *now))
         return;
     m_refused.reset();
-    if (!m_isStarted || isSameChord(before, *now)) {
-        m_stored = now;
-        return;
-    }
-    if (registerShortcut(now->keyCode, now->modifiers)) {
-        m_stored = now;
-        return;
-    }
+    if (!m_isStarted || isSameChord(before, *now) || registerShortcut(now->keyCode, now->modifiers))
+        return setStored(*now);
     if (before)
         static_cast<void>(registerShortcut(before->keyCode, before->modifiers));
     m_refused = now;

@@ -29,25 +29,28 @@ public:
     /// Holds this chord instead of the one before. False: it cannot be had, and none is held now.
     bool registerShortcut(KeyCode keyCode, ModifierMask modifiers);
 
-    /// The stored shortcut. What is absent or of the wrong type takes its default, each for itself;
-    /// an empty label reads as "Space". None: a stored number lies outside 0 … 4294967295, which
-    /// the program must not run with.
+    /// The one that the program acts on. What the preferences hold may be another one: taken by
+    /// somebody else, no shortcut at all, or gone for a moment.
+    const Shortcut& shortcut() const { return m_shortcut.value(); }
+    /// Calls the slot with the present one at once, and with every later one.
+    Connection observeShortcut(std::function<void(const Shortcut&)> slot);
+
+    /// See `storedShortcut`.
     std::optional<Shortcut> loadShortcut() const;
     void saveShortcut(const Shortcut& shortcut);
 
-    /// Registers and stores another shortcut. False: it is taken; then the stored one is held again,
-    /// nothing is stored, and `refused` is told.
+    /// Registers and stores another shortcut. False: it is taken; then the stored one is held again
+    /// and nothing is stored. Whoever asked for it tells the user.
     bool changeShortcut(const Shortcut& shortcut);
-    /// Registers and stores Control-Space. False: it is taken; then the stored one is held again
-    /// and nothing is stored. Nobody is told, deliberately.
+    /// The same with Control-Space.
     bool restoreDefaultShortcut();
 
-    /// Another shortcut was asked for, here or by a change of the preferences from outside, and it is
-    /// taken. The one before is held again.
+    /// A change of the preferences from outside asked for a shortcut that is taken. The one before is
+    /// held again.
     Signal<> refused;
 
 private:
-    bool registerAndSave(const Shortcut& shortcut);
+    void setStored(const Shortcut& shortcut);
     void pressed();
     void preferencesChanged();
 
@@ -56,6 +59,8 @@ private:
     MainLoop& m_loop;
     /// The stored shortcut as last seen; what the preferences hold now may be newer.
     std::optional<Shortcut> m_stored;
+    /// The same, or the default as long as none that could be one has been seen.
+    Observable<Shortcut> m_shortcut;
     /// One from outside that was refused, which is not tried again at every other change.
     std::optional<Shortcut> m_refused;
     bool m_isStarted = false;

@@ -1,5 +1,6 @@
 #include "model/ClipJson.h"
 
+#include "model/ClipKeys.h"
 #include "model/Files.h"
 #include "model/IsoDate.h"
 #include "model/JsonToken.h"
@@ -27,24 +28,8 @@ namespace {
     constexpr std::size_t smallestRecord = 170;
     constexpr std::size_t roomForClips = 10'000;
 
-    /// The known keys, in the order in which we write them.
-    enum Key : std::size_t {
-        id,
-        text,
-        type,
-        sourceApp,
-        createdAt,
-        isPinned,
-        customName,
-        useCount,
-        isOverflow,
-        overflowPath,
-        overflowByteCount,
-        hasEmoji
-    };
-    constexpr std::array<std::string_view, 12> keyNames { "id", "text", "type", "sourceApp",
-        "createdAt", "isPinned", "customName", "useCount", "isOverflow", "overflowPath",
-        "overflowByteCount", "hasEmoji" };
+    using enum ClipKeys::Key;
+    constexpr const auto& keyNames = ClipKeys::names;
     constexpr unsigned requiredKeys
         = 1U << id | 1U << text | 1U << type | 1U << createdAt | 1U << isPinned | 1U << useCount;
 
@@ -99,7 +84,7 @@ namespace {
         bool readOther(
             json::raw_json_string key, json::value& value, SeenKeys& seen, ClipItem& clip);
         bool readKnown(std::size_t index, json::value& value, SeenKeys& seen, ClipItem& clip);
-        bool readField(Key key, json::value& value, ClipItem& clip);
+        bool readField(ClipKeys::Key key, json::value& value, ClipItem& clip);
         bool checkValue(json::value& value, int depth);
         bool checkArray(json::value& value, int depth);
         bool checkObject(json::value& value, int depth);
@@ -182,10 +167,10 @@ namespace {
         const auto mark = 1U << index;
         const bool isRepeated = (seen.known & mark) != 0;
         seen.known |= mark;
-        return !isRepeated && readField(static_cast<Key>(index), value, clip);
+        return !isRepeated && readField(static_cast<ClipKeys::Key>(index), value, clip);
     }
 
-    bool Reader::readField(Key key, json::value& value, ClipItem& clip)
+    bool Reader::readField(ClipKeys::Key key, json::value& value, ClipItem& clip)
     {
         switch (key) {
         case id:

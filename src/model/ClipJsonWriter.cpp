@@ -1,5 +1,6 @@
 #include "model/ClipJson.h"
 
+#include "model/ClipKeys.h"
 #include "model/IsoDate.h"
 #include "model/Text.h"
 
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string>
 
 namespace korvane {
 
@@ -96,7 +98,7 @@ namespace {
 
     class Writer {
     public:
-        explicit Writer(const std::function<void(std::string_view)>& block)
+        explicit Writer(const Blocks& block)
             : m_block(block)
             , m_buffer(std::make_unique_for_overwrite<char[]>(blockSize))
             , m_end(m_buffer.get())
@@ -133,8 +135,6 @@ namespace {
             raw({ digits.data(), static_cast<std::size_t>(end - digits.data()) });
         }
 
-        void boolean(bool value) { raw(value ? "true" : "false"); }
-
         void flush()
         {
             m_block({ m_buffer.get(), used() });
@@ -149,63 +149,109 @@ namespace {
                 flush();
         }
 
-        const std::function<void(std::string_view)>& m_block;
+        const Blocks& m_block;
         std::unique_ptr<char[]> m_buffer;
         char* m_end;
     };
 
-    void writeClip(Writer& out, const ClipItem& clip)
-    {
-        out.raw(R"({"id":")");
-        out.raw(clip.id.text());
-        out.raw(R"(","text":)");
-        out.string(clip.text);
-        out.raw(R"(,"type":")");
-        out.raw(rawValue(clip.type));
-        out.raw("\"");
-        if (clip.sourceApp) {
-            out.raw(R"(,"sourceApp":)");
-            out.string(*clip.sourceApp);
+    using enum ClipKeys::Key;
+
+    /// What stands around the values of a list.
+    struct Punctuation {
+        explicit Punctuation(JsonLayout layout)
+            : isPretty(layout == JsonLayout::pretty)
+        {
+            for (std::size_t key = 0; key < keys.size(); ++key) {
+                keys[key].assign(1, key == id ? '{' : ','); // a record begins with its identifier
+                keys[key].append(isPretty ? "\n    \"" : "\"").append(ClipKeys::names[key]);
+                keys[key].append(isPretty ? "\": " : "\":");
+            }
         }
-        out.raw(R"(,"createdAt":")");
-        out.raw(isoDate(clip.createdAt));
-        out.raw(R"(","isPinned":)");
-        out.boolean(clip.isPinned);
-        if (clip.customName) {
-            out.raw(R"(,"customName":)");
-            out.string(*clip.customName);
+
+        bool isPretty;
+        /// Each key with all that stands before its value.
+        std::array<std::string, ClipKeys::names.size()> keys;
+        std::string_view beforeRecord = isPretty ? "\n  " : "";
+        std::string_view afterRecord = isPretty ? "\n  }" : "}";
+        std::string_view beforeEnd = isPretty ? "\n" : "";
+    };
+
+    class RecordWriter {
+    public:
+        RecordWriter(Writer& out, const Punctuation& marks)
+            : m_out(out)
+            , m_marks(marks)
+        {
         }
-        out.raw(R"(,"useCount":)");
-        out.integer(clip.useCount);
-        out.raw(R"(,"isOverflow":)");
-        out.boolean(clip.isOverflow);
-        if (clip.overflowPath) {
-            out.raw(R"(,"overflowPath":)");
-            out.string(*clip.overflowPath);
+
+        void write(const ClipItem& clip)
+        {
+            plain(id, clip.id.text());
+            string(text, clip.text);
+            plain(type, rawValue(clip.type));
+            if (clip.sourceApp)
+                string(sourceApp, *clip.sourceApp);
+            plain(createdAt, isoDate(clip.createdAt));
+            boolean(isPinned, clip.isPinned);
+            if (clip.customName)
+                string(customName, *clip.customName);
+            integer(useCount, clip.useCount);
+            boolean(isOverflow, clip.isOverflow);
+            if (clip.overflowPath)
+                string(overflowPath, *clip.overflowPath);
+            if (clip.overflowByteCount)
+                integer(overflowByteCount, *clip.overflowByteCount);
+            boolean(hasEmoji, clip.hasEmoji);
+            m_out.raw(m_marks.afterRecord);
         }
-        if (clip.overflowByteCount) {
-            out.raw(R"(,"overflowByteCount":)");
-            out.integer(*clip.overflowByteCount);
+
+    private:
+        /// A text that needs no escapes.
+        void plain(ClipKeys::Key key, std::string_view value)
+        {
+            m_out.raw(m_marks.keys[key]);
+            m_out.raw("\"");
+            m_out.raw(value);
+            m_out.raw("\"");
         }
-        out.raw(R"(,"hasEmoji":)");
-        out.boolean(clip.hasEmoji);
-        out.raw("}");
-    }
+        void string(ClipKeys::Key key, std::string_view value)
+        {
+            m_out.raw(m_marks.keys[key]);
+            m_out.string(value);
+        }
+        void integer(ClipKeys::Key key, std::int64_t value)
+        {
+            m_out.raw(m_marks.keys[key]);
+            m_out.integer(value);
+        }
+        void boolean(ClipKeys::Key key, bool value)
+        {
+            m_out.raw(m_marks.keys[key]);
+            m_out.raw(value ? "true" : "false");
+        }
+
+        Writer& m_out;
+        const Punctuation& m_marks;
+    };
 
 } // namespace
 
-void encodeClips(
-    std::span<const ClipItem> clips, const std::function<void(std::string_view)>& block)
+void encodeClips(std::span<const ClipItem> clips, const Blocks& block, JsonLayout layout)
 {
+    const Punctuation marks(layout);
     Writer out(block);
+    RecordWriter records(out, marks);
     out.raw("[");
     bool isFirst = true;
     for (const auto& clip : clips) {
         if (!isFirst)
             out.raw(",");
         isFirst = false;
-        writeClip(out, clip);
+        out.raw(marks.beforeRecord);
+        records.write(clip);
     }
+    if (!isFirst)
+        out.raw(marks.beforeEnd);
     out.raw("]");
     out.flush();
 }

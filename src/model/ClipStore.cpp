@@ -2,12 +2,12 @@
 
 #include "model/Classifier.h"
 #include "model/Files.h"
+#include "model/HistoryTransfer.h"
 #include "model/Preferences.h"
 #include "model/SearchText.h"
 #include "model/Text.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -35,12 +35,6 @@ namespace {
         clip.text = repairedUtf8(std::move(clip.text));
         repair(clip.sourceApp);
         repair(clip.customName);
-    }
-
-    bool isForWantOfRoom(const std::error_code& error)
-    {
-        return error == std::errc::no_space_on_device || error == std::errc::file_too_large
-            || error == std::error_code(EDQUOT, std::generic_category());
     }
 
 } // namespace
@@ -172,6 +166,24 @@ void ClipStore::clearUnpinned()
         clipsChanged();
 }
 
+std::filesystem::path ClipStore::exportHistory() const
+{
+    return exportClips(m_clips, m_loop.now());
+}
+
+void ClipStore::importHistory(const std::filesystem::path& file)
+{
+    auto imported = readClips(file);
+    if (!imported)
+        return; // deliberately without a word
+    m_clips = mergedClips(std::move(m_clips), std::move(*imported));
+    m_keys.reset(m_clips.size());
+    m_filtered.forget();
+    enforceLimits();
+    makeKeysSoon();
+    saveAndTell();
+}
+
 void ClipStore::setMaxClips(int count)
 {
     setLimit(m_limits.maxClips, keys::maxClips, count);
@@ -241,8 +253,7 @@ void ClipStore::saveAndTell()
 
 void ClipStore::removeFilesOfGone()
 {
-    for (const auto& clip : std::exchange(m_goneWithFiles, {}))
-        m_overflow.remove(clip);
+    m_overflow.remove(std::exchange(m_goneWithFiles, {}), m_clips);
 }
 
 void ClipStore::insertFirst(ClipItem clip)

@@ -63,6 +63,15 @@ public:
     /// Removes all but the pinned clips.
     void clearUnpinned();
 
+    /// Writes all clips to a new file "Korvane_export_<seconds>.json" in the folder for temporary
+    /// files, readable by this user only.
+    /// @return the file, also when it could not be written, deliberately: then there is none
+    std::filesystem::path exportHistory() const;
+    /// Takes in the clips of an export, or of another history file, that are not in the list yet. The
+    /// list is then in the order of the clips' capture, newest first, and trimmed to the limits. A
+    /// file that cannot be read, or is wrong anywhere, changes nothing.
+    void importHistory(const std::filesystem::path& file);
+
     int maxClips() const { return m_limits.maxClips; }
     int maxClipSizeKB() const { return m_limits.maxClipSizeKB; }
     int maxTotalSizeMB() const { return m_limits.maxTotalSizeMB; }

@@ -69,13 +69,30 @@ namespace {
         return done;
     }
 
+    std::error_code writeAll(const Descriptor& file, std::string_view bytes)
+    {
+        while (!bytes.empty()) {
+            const auto count = ::write(file.number(), bytes.data(), bytes.size());
+            if (count >= 0)
+                bytes.remove_prefix(static_cast<std::size_t>(count));
+            else if (errno != EINTR)
+                return lastError();
+        }
+        return {};
+    }
+
     Descriptor createNew(const std::filesystem::path& path)
+    {
+        return Descriptor(
+            ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, fileMode));
+    }
+
+    Descriptor createAnew(const std::filesystem::path& path)
     {
         // What lies there was left by a killed process; made anew, it has our mode and no other
         // name, and a link in its place is not followed.
         ::unlink(path.c_str());
-        return Descriptor(
-            ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, fileMode));
+        return createNew(path);
     }
 
 } // namespace
@@ -93,8 +110,15 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
 
 Descriptor::~Descriptor()
 {
-    if (isOpen())
-        ::close(m_number);
+    static_cast<void>(close());
+}
+
+std::error_code Descriptor::close()
+{
+    const int number = std::exchange(m_number, -1);
+    // After an interruption it is closed all the same.
+    const bool hasFailed = number >= 0 && ::close(number) != 0 && errno != EINTR;
+    return hasFailed ? lastError() : std::error_code();
 }
 
 FileBytes::FileBytes(std::unique_ptr<char[], Unmap> data, std::size_t size)
@@ -160,6 +184,19 @@ std::optional<std::string> readFileText(const std::filesystem::path& path, Links
     return text;
 }
 
+std::filesystem::path behindLinks(std::filesystem::path path)
+{
+    constexpr int mostLinks = 40; // as many as the system follows
+    std::error_code error;
+    for (int links = 0; links < mostLinks && std::filesystem::is_symlink(path, error); ++links) {
+        const auto target = std::filesystem::read_symlink(path, error);
+        if (error)
+            break;
+        path = path.parent_path() / target;
+    }
+    return path;
+}
+
 std::error_code makeFolder(const std::filesystem::path& path)
 {
     std::error_code error;
@@ -182,13 +219,13 @@ std::error_code makeFolder(const std::filesystem::path& path)
 AtomicFile::AtomicFile(std::filesystem::path target)
     : m_target(std::move(target))
     , m_temporary(temporaryIn(m_target.parent_path()))
-    , m_file(createNew(m_temporary))
+    , m_file(createAnew(m_temporary))
 {
     if (!m_file.isOpen() && errno == ENOENT) {
         m_error = makeFolder(m_target.parent_path());
         if (m_error)
             return;
-        m_file = createNew(m_temporary);
+        m_file = createAnew(m_temporary);
     }
     m_isOurs = m_file.isOpen();
     if (!m_isOurs || ::fchmod(m_file.number(), fileMode) != 0) // the umask may have taken bits away
@@ -203,15 +240,10 @@ AtomicFile::~AtomicFile()
 
 void AtomicFile::write(std::string_view bytes)
 {
-    while (!m_error && !bytes.empty()) {
-        const auto count = ::write(m_file.number(), bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-            m_written += count;
-        } else if (errno != EINTR) {
-            m_error = lastError();
-        }
-    }
+    if (m_error)
+        return;
+    m_error = writeAll(m_file, bytes);
+    m_written += static_cast<std::int64_t>(bytes.size());
     // The disk may begin while the rest is still being made. Only `commit` waits for it, and only
     // there a failure matters.
     if (!m_error && m_written - m_begun >= stretch) {
@@ -235,6 +267,45 @@ std::error_code AtomicFile::commit()
 void AtomicFile::removeLeftover(const std::filesystem::path& folder)
 {
     ::unlink(temporaryIn(folder).c_str());
+}
+
+NewFile::NewFile(std::filesystem::path path)
+    : m_path(std::move(path))
+    , m_file(createNew(m_path))
+{
+    if (!m_file.isOpen())
+        m_error = lastError();
+}
+
+void NewFile::write(std::string_view bytes)
+{
+    if (m_error)
+        return;
+    m_error = writeAll(m_file, bytes);
+    if (m_error)
+        giveUp();
+}
+
+void NewFile::complete()
+{
+    if (!m_file.isOpen())
+        return;
+    m_error = m_file.close();
+    if (m_error)
+        ::unlink(m_path.c_str());
+}
+
+void NewFile::giveUp()
+{
+    if (m_file.isOpen())
+        ::unlink(m_path.c_str());
+    m_file = Descriptor();
+}
+
+bool isForWantOfRoom(const std::error_code& error)
+{
+    return error == std::errc::no_space_on_device || error == std::errc::file_too_large
+        || error == std::error_code(EDQUOT, std::generic_category());
 }
 
 } // namespace korvane

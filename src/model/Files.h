@@ -25,6 +25,8 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor();
 
+    /// Closes it. Some file systems tell only now that they could not keep what was written (close(2)).
+    std::error_code close();
     bool isOpen() const { return m_number >= 0; }
     int number() const { return m_number; }
 
@@ -106,5 +108,34 @@ private:
     std::int64_t m_begun = 0;   // of these, the disk has been told
     bool m_isOurs = false;      // the temporary file is there, and made by us
 };
+
+/// A file under a name that nothing has yet, readable by its user only (0600). It grows as it is
+/// written, in the open; what must never be seen by half is an `AtomicFile`.
+class NewFile {
+public:
+    /// Makes it, empty. A name that is taken is a failure, and a link is not followed.
+    explicit NewFile(std::filesystem::path path);
+
+    /// Adds bytes. After a failure nothing more is written, and the file is removed: half of it could
+    /// be taken for the whole.
+    void write(std::string_view bytes);
+    /// The first failure, if any.
+    std::error_code error() const { return m_error; }
+    /// Ends it. What could not be kept is removed, as after a failed write.
+    void complete();
+    /// Ends it, and removes what has been written.
+    void giveUp();
+
+private:
+    std::filesystem::path m_path;
+    Descriptor m_file;
+    std::error_code m_error;
+};
+
+/// Where the bytes of a file lie in the end: to replace the file must not replace a link to it.
+std::filesystem::path behindLinks(std::filesystem::path path);
+
+/// Whether a write has failed because the disk, or what the user may have of it, is full.
+bool isForWantOfRoom(const std::error_code& error);
 
 } // namespace korvane

@@ -7,6 +7,12 @@
 
 namespace korvane {
 
+std::optional<std::vector<ClipItem>> readClips(const std::filesystem::path& file)
+{
+    const auto document = readFile(file, Links::follow);
+    return document ? decodeClips(*document) : std::nullopt;
+}
+
 HistoryFile::HistoryFile(std::filesystem::path path)
     : m_path(std::move(path))
 {
@@ -14,9 +20,7 @@ HistoryFile::HistoryFile(std::filesystem::path path)
 
 std::vector<ClipItem> HistoryFile::load() const
 {
-    const auto document = readFile(m_path, Links::follow);
-    return document ? decodeClips(*document).value_or(std::vector<ClipItem>())
-                    : std::vector<ClipItem>();
+    return readClips(m_path).value_or(std::vector<ClipItem>());
 }
 
 std::error_code HistoryFile::save(std::span<const ClipItem> clips) const

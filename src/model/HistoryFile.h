@@ -3,11 +3,16 @@
 #include "model/ClipItem.h"
 
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <system_error>
 #include <vector>
 
 namespace korvane {
+
+/// The clips of a file as they stand in it, by the strict rules of `decodeClips`; none when it cannot
+/// be read or is wrong anywhere.
+std::optional<std::vector<ClipItem>> readClips(const std::filesystem::path& file);
 
 /// The file that holds the history: one JSON array of clips, newest first.
 class HistoryFile {

@@ -5,6 +5,7 @@
 #include "model/Log.h"
 #include "model/Text.h"
 
+#include <set>
 #include <utility>
 
 namespace korvane {
@@ -58,13 +59,25 @@ std::string OverflowFiles::fullText(const ClipItem& clip) const
     return clip.text;
 }
 
-void OverflowFiles::remove(const ClipItem& clip) const
+void OverflowFiles::remove(std::span<const ClipItem> gone, std::span<const ClipItem> staying) const
 {
-    const auto file = fileOf(clip);
+    std::set<std::filesystem::path> files;
+    for (const auto& clip : gone) {
+        if (auto file = fileOf(clip))
+            files.insert(std::move(*file));
+    }
+    for (const auto& clip : staying) {
+        if (files.empty())
+            return;
+        if (const auto file = fileOf(clip))
+            files.erase(*file);
+    }
     std::error_code ignored;
-    // A link is left alone, as it is not a file that we made.
-    if (file && std::filesystem::is_regular_file(std::filesystem::symlink_status(*file, ignored)))
-        std::filesystem::remove(*file, ignored);
+    for (const auto& file : files) {
+        // A link is left alone, as it is not a file that we made.
+        if (std::filesystem::is_regular_file(std::filesystem::symlink_status(file, ignored)))
+            std::filesystem::remove(file, ignored);
+    }
 }
 
 std::optional<std::filesystem::path> OverflowFiles::fileOf(const ClipItem& clip) const

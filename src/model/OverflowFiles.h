@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace korvane {
@@ -24,8 +25,10 @@ public:
     /// What copying and pasting must use: the file's content, or the clip's text where there is no
     /// file or it cannot be read as UTF-8.
     std::string fullText(const ClipItem& clip) const;
-    /// Removes the clip's file, if it has one. A failure is ignored: a file left behind does no harm.
-    void remove(const ClipItem& clip) const;
+    /// Removes the files of clips that have gone. A failure is ignored: a file left behind does no
+    /// harm. A file that a clip which stays names as well is left where it is: records that came in
+    /// from elsewhere may name the file of another clip.
+    void remove(std::span<const ClipItem> gone, std::span<const ClipItem> staying) const;
 
 private:
     /// The clip's file, unless its path leads out of our folder: a history that was edited or came

@@ -5,8 +5,10 @@
 #include "model/Utf8.h"
 
 #include <simdjson.h>
+#include <unicode/locid.h>
 #include <unicode/ubrk.h>
 #include <unicode/uchar.h>
+#include <unicode/unistr.h>
 #include <unicode/utext.h>
 
 #include <algorithm>
@@ -203,6 +205,14 @@ bool canonicallyEqual(std::string_view a, std::string_view b)
             || mapping.firstClass(codePointAt(b, at).value) != 0))
         at -= codePointBefore(a, at).size;
     return canonicalForm(a.substr(at), Folding::none) == canonicalForm(b.substr(at), Folding::none);
+}
+
+std::string upperCased(std::string_view utf8)
+{
+    std::string result;
+    return icu::UnicodeString::fromUTF8({ utf8.data(), static_cast<int32_t>(utf8.size()) })
+        .toUpper(icu::Locale::getRoot())
+        .toUTF8String(result);
 }
 
 std::size_t characterCount(std::string_view utf8, std::size_t limit)

@@ -31,6 +31,9 @@ std::string utf8FromLatin1(std::string_view latin1);
 /// it is one code point or two. Letter case matters.
 bool canonicallyEqual(std::string_view a, std::string_view b);
 
+/// In capital letters, by the rules that all languages share ("ß" becomes "SS", "i" becomes "I").
+std::string upperCased(std::string_view utf8);
+
 /// The number of characters, counted no further than the limit.
 std::size_t characterCount(std::string_view utf8, std::size_t limit);
 /// Whether the literal text `word` occurs with a word boundary on both sides, as the regular

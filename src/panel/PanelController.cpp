@@ -22,14 +22,6 @@ namespace {
         return found == displayed.end() ? 0 : static_cast<std::size_t>(found - displayed.begin());
     }
 
-    bool actsOnList(const PanelCommand& command)
-    {
-        return !std::holds_alternative<panelcommands::Pass>(command)
-            && !std::holds_alternative<panelcommands::CycleTab>(command)
-            && !std::holds_alternative<panelcommands::HidePreview>(command)
-            && !std::holds_alternative<panelcommands::Escape>(command);
-    }
-
 } // namespace
 
 PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
@@ -49,9 +41,9 @@ PanelController::PanelController(ClipStore& store, ClipboardMonitor& monitor,
             selectFirst(m_store);
     }));
     m_connections.push_back(store.clipsChanged.connect([this] { keepSelectionDisplayed(); }));
-    m_connections.push_back(panel.selectedClipID.onChange([this](const auto& selected) {
-        m_selectedIndex = indexOf(m_store.filteredClips(), selected).value_or(0);
-    }));
+    m_connections.push_back(panel.selectedClipID.onChange([this](const auto&) { noteIndex(); }));
+    // The same clip may stand elsewhere in another tab.
+    m_connections.push_back(panel.panelFilterTab.onChange([this](FilterTab) { noteIndex(); }));
 }
 
 bool PanelController::handle(const KeyPress& press)
@@ -60,9 +52,6 @@ bool PanelController::handle(const KeyPress& press)
         { .isPreviewVisible = m_host.isPreviewVisible(),
             .isTabCyclingEnabled = isTabCyclingEnabled(m_preferences),
             .isDirectPasteEnabled = isDirectPasteEnabled(m_preferences) });
-    // A key acts on what stands in the tab that the user has gone to.
-    if (actsOnList(command))
-        m_tabs.finish();
     return std::visit([this](auto asked) { return perform(asked); }, command);
 }
 
@@ -265,6 +254,12 @@ bool PanelController::perform(panelcommands::TogglePin)
     if (const auto& selected = m_store.panel().selectedClipID.value())
         m_store.togglePin(*selected);
     return true;
+}
+
+void PanelController::noteIndex()
+{
+    m_selectedIndex
+        = indexOf(m_store.filteredClips(), m_store.panel().selectedClipID.value()).value_or(0);
 }
 
 /// A key must never act on a clip that the user does not see, because the search has hidden it, it

@@ -86,6 +86,7 @@ private:
     bool perform(panelcommands::MoveSelection command);
     bool perform(panelcommands::TogglePin command);
 
+    void noteIndex();
     void keepSelectionDisplayed();
     void withClip(const std::optional<ClipId>& id, const std::function<void(const ClipItem&)>& act);
 
@@ -96,7 +97,6 @@ private:
     ClipActions& m_actions;
     TabSwitcher& m_tabs;
     std::size_t m_selectedIndex = 0; // of the selected clip when it was displayed last
-    bool m_isSearchInVain = false;   // it has no hit, and the selection went with them
     std::vector<Connection> m_connections;
 };
 

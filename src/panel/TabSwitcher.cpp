@@ -29,16 +29,6 @@ void TabSwitcher::cycle(int steps)
     switchTo(neighbour(m_store.panel().shownTab(), steps));
 }
 
-void TabSwitcher::finish()
-{
-    if (m_pendingCommits == 0)
-        return;
-    const auto last = m_store.panel().shownTab();
-    m_pendingSteps.clear();
-    m_pendingCommits = 1;
-    commit(last);
-}
-
 void TabSwitcher::commit(FilterTab tab)
 {
     auto& panel = m_store.panel();

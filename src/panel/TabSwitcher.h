@@ -35,10 +35,6 @@ public:
     /// Switches to the tab `steps` further on than the one that the bar shows.
     void cycle(int steps);
 
-    /// Ends all switches that are under way: the list is on the last one's tab at once. For what must not
-    /// act on a tab that the user has left.
-    void finish();
-
 private:
     void commit(FilterTab tab);
     void after(std::chrono::milliseconds delay, std::function<void()> step);

@@ -6,6 +6,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Focus.h"
 #include "platform/x11/X11HotkeyGrabber.h"
+#include "platform/x11/X11KeyRecorder.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11Monitors.h"
 #include "platform/x11/X11OutsideClicks.h"
@@ -13,6 +14,7 @@
 #include "platform/x11/X11RawInput.h"
 #include "platform/x11/X11Workspace.h"
 #include "platform/xdg/DesktopEntries.h"
+#include "platform/xdg/XdgApplications.h"
 
 #include <functional>
 
@@ -33,6 +35,8 @@ public:
     Pasteboard& pasteboard() { return m_pasteboard; }
     Workspace& workspace() { return m_workspace; }
     HotkeyGrabber& hotkeyGrabber() { return m_hotkeyGrabber; }
+    KeyRecorder& keyRecorder() { return m_keyRecorder; }
+    Applications& applications() { return m_applications; }
     Keyboard& keyboard() { return m_keyboard; }
     OutsideClicks& outsideClicks() { return m_outsideClicks; }
     X11Monitors& monitors() { return m_monitors; }
@@ -42,6 +46,8 @@ public:
     /// Gives the keyboard to a window of ours that has been shown, and back to whom it was taken from.
     void takeKeyboard(std::uint32_t window);
     void giveBackKeyboard() { m_focus.giveBackKeyboard(); }
+    /// See `X11Focus::passTo`.
+    void passKeyboard(std::uint32_t window) { m_focus.passTo(window); }
     /// See `korvane::tellWindowFrame`.
     void tellWindowFrame(std::uint32_t window, const PixelRect& visible, int width, int height);
 
@@ -50,12 +56,14 @@ private:
 
     X11Connection m_connection;
     DesktopEntries m_entries;
+    XdgApplications m_applications;
     KeyMap m_keyMap;
     X11RawInput m_rawInput;
     QtClipboardWriter m_clipboardWriter;
     X11Pasteboard m_pasteboard;
     X11Workspace m_workspace;
     X11HotkeyGrabber m_hotkeyGrabber;
+    X11KeyRecorder m_keyRecorder;
     X11Keyboard m_keyboard;
     X11OutsideClicks m_outsideClicks;
     X11Focus m_focus;

@@ -166,7 +166,8 @@ namespace {
         f.statusItem.choose("More from the Makers of Korvane");
         f.statusItem.choose("Quit Korvane");
 
-        EXPECT_EQ(f.updateChecks, 1);
+        EXPECT_EQ(f.documents.fetched,
+            (std::vector<std::string> { "https://korvane.example/korvane/version.json" }));
         EXPECT_EQ(f.desktop.opened, (std::vector<std::string> { "https://korvane.example/more" }));
         EXPECT_EQ(f.quits, 1);
     }
@@ -213,9 +214,10 @@ namespace {
         f.launch();
 
         f.panelController->choose(openPreferences);
-        EXPECT_TRUE(f.settings.isShown);
+        ASSERT_NE(f.settings, nullptr);
+        EXPECT_TRUE(f.settings->isShown);
         f.panelController->choose(checkForUpdates);
-        EXPECT_EQ(f.updateChecks, 1);
+        EXPECT_EQ(f.documents.fetched.size(), 1U);
         f.panelController->choose(openMakersPage);
         ASSERT_EQ(f.desktop.opened.size(), 1U);
         EXPECT_TRUE(f.desktop.opened.front().ends_with("/more"));
@@ -306,20 +308,23 @@ namespace {
         EXPECT_EQ(f.clipText(0), "kept");
     }
 
-    TEST(AppDelegateTest, AskingForATakenShortcutShowsShortcutUnavailable)
+    TEST(AppDelegateTest, ATakenShortcutFromOutsideShowsShortcutUnavailable)
     {
         test::AppFixture f;
         f.launch();
         f.grabber.taken.insert({ 0, 2304 });
 
-        EXPECT_FALSE(f.app->hotkeyManager().changeShortcut({ 0, 2304, "A" }));
+        f.preferences.values.insert_or_assign(std::string(keys::hotkeyKeyCode), std::int64_t { 0 });
+        f.preferences.values.insert_or_assign(
+            std::string(keys::hotkeyModifiers), std::int64_t { 2304 });
+        f.preferences.changed();
 
-        ASSERT_EQ(f.alerts.warnings.size(), 1U);
-        EXPECT_EQ(f.alerts.warnings[0].message, "Shortcut unavailable");
-        EXPECT_EQ(f.alerts.warnings[0].informativeText,
+        ASSERT_EQ(f.alerts.shown.size(), 1U);
+        EXPECT_EQ(f.alerts.shown[0].message, "Shortcut unavailable");
+        EXPECT_EQ(f.alerts.shown[0].informativeText,
             "That key combination is already in use by macOS or another app. Please try a "
             "different one.");
-        EXPECT_EQ(f.alerts.warnings[0].button, "OK");
+        EXPECT_EQ(f.alerts.shown[0].buttons, (std::vector<std::string> { "OK" }));
         EXPECT_EQ(f.grabber.held, (std::pair<KeyCode, ModifierMask> { 49, 4096 }));
     }
 
@@ -331,7 +336,7 @@ namespace {
 
         EXPECT_FALSE(f.app->hotkeyManager().restoreDefaultShortcut());
 
-        EXPECT_TRUE(f.alerts.warnings.empty());
+        EXPECT_TRUE(f.alerts.shown.empty());
     }
 
     TEST(AppDelegateTest, ASecretThatWasThereAtTheStartIsAskedForOnce)

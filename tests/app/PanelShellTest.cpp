@@ -184,15 +184,48 @@ namespace {
             f.app->clipStore().panel().selectedClipID.value(), f.app->clipStore().clips()[1].id);
     }
 
-    TEST(PanelShellTest, PreferencesOpenAndCloseTheSettingsWindow)
+    TEST(PanelShellTest, PreferencesChosenTwiceInTheStatusMenuOpenAndCloseTheSettingsWindow)
     {
         ShellFixture f;
 
         f.statusItem.choose("Preferences...");
-        EXPECT_TRUE(f.settings.isShown);
-        EXPECT_EQ(f.settings.place, (Rect { 460, 227, 520, 420 }));
+        ASSERT_NE(f.settings, nullptr);
+        EXPECT_TRUE(f.settings->isShown);
         f.statusItem.choose("Preferences...");
-        EXPECT_FALSE(f.settings.isShown);
+        EXPECT_FALSE(f.settings->isShown);
+    }
+
+    TEST(PanelShellTest, TheSettingsWindowIsMadeOnceWhenItIsFirstWanted)
+    {
+        ShellFixture f;
+        EXPECT_EQ(f.settingsMade, 0);
+
+        f.shell().openPreferences();
+        f.settingsTab->select("data");
+        f.settings->hide();
+        f.shell().openPreferences();
+
+        EXPECT_EQ(f.settingsMade, 1);
+        EXPECT_EQ(f.settingsTab->selection.value(), SettingsTab::data);
+    }
+
+    TEST(PanelShellTest, WithoutThePanelTheSettingsWindowStandsInTheMiddleOfTheScreen)
+    {
+        ShellFixture f;
+
+        f.shell().openPreferences();
+
+        EXPECT_EQ(f.settings->place, (Rect { 460, 227, 520, 420 }));
+    }
+
+    TEST(PanelShellTest, TheSettingsWindowIsNoLargerThanTheScreen)
+    {
+        ShellFixture f;
+        f.screens.visible = { 0, 0, 400, 287 };
+
+        f.shell().openPreferences();
+
+        EXPECT_EQ(f.settings->place, (Rect { 8, 8, 384, 271 }));
     }
 
     TEST(PanelShellTest, TheSettingsWindowStandsBesideTheOpenPanel)
@@ -202,7 +235,49 @@ namespace {
 
         f.shell().openPreferences();
 
-        EXPECT_EQ(f.settings.place.right(), f.panel->place.left() - 8);
+        EXPECT_EQ(f.settings->place.right(), f.panel->place.left() - 8);
+        EXPECT_EQ(f.settings->place.top(), f.screens.visible.top() - 8);
+        EXPECT_TRUE(f.shell().isPanelVisible());
+    }
+
+    TEST(PanelShellTest, TheSettingsArePlacedAnewWhenTheDesktopHasFramedThem)
+    {
+        ShellFixture f;
+        f.shell().showPanel();
+        f.shell().openPreferences();
+        f.settings->place.width += 4;
+        f.settings->place.height += 26;
+
+        f.settings->framed();
+
+        EXPECT_EQ(f.settings->place.right(), f.panel->place.left() - 8);
+        EXPECT_EQ(f.settings->place.top(), f.screens.visible.top() - 8);
+        EXPECT_EQ(f.settings->place.width, 524);
+    }
+
+    TEST(PanelShellTest, WithThePanelNearTheLeftEdgeTheSettingsWindowStandsOnItsRight)
+    {
+        ShellFixture f;
+        f.screens.statusItem = { 40, 874, 24, 26 };
+        f.shell().showPanel();
+
+        f.shell().openPreferences();
+
+        EXPECT_EQ(f.settings->place.left(), f.panel->place.right() + 8);
+    }
+
+    TEST(PanelShellTest, ThePanelBringsAnOpenSettingsWindowBackToThePlaceOfNow)
+    {
+        ShellFixture f;
+        f.shell().openPreferences();
+        f.shell().showPanel();
+
+        f.shell().openPreferences();
+
+        EXPECT_TRUE(f.settings->isShown);
+        EXPECT_EQ(f.settings->hides, 1);
+        EXPECT_EQ(f.settings->shows, 2);
+        EXPECT_EQ(f.settings->place.right(), f.panel->place.left() - 8);
     }
 
 } // namespace

@@ -112,6 +112,15 @@ namespace {
         EXPECT_EQ(placement::besidePanel(520, 420, Rect { 700, 0, 360, 250 }, visible).y, 8);
     }
 
+    TEST(PlacementTest, AWindowThatIsTooLargeForTheScreenIsAsLargeAsThereIsRoom)
+    {
+        const Rect small { 0, 0, 400, 287 };
+
+        EXPECT_EQ(placement::besidePanel(520, 482, std::nullopt, small), (Rect { 8, 8, 384, 271 }));
+        EXPECT_EQ(placement::besidePanel(520, 482, Rect { 20, 8, 360, 270 }, small),
+            (Rect { 8, 8, 384, 271 }));
+    }
+
     TEST(PlacementTest, WithoutAPanelTheWindowIsCentred)
     {
         EXPECT_EQ(

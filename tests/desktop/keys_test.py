@@ -5,6 +5,8 @@ from support.editors import Mousepad
 from support.history import clip
 from support.waiting import NotObserved, wait_for
 
+SEARCH_MIDDLE = 61  # points below the panel's top edge
+
 
 class KeysTest(DesktopTest):
     """Which clip is chosen is seen by what stands on the clipboard, or in the editor after Return."""
@@ -40,6 +42,15 @@ class KeysTest(DesktopTest):
         self.keys.press("BackSpace")
         self.keys.press("Up")
         self.expect_on_clipboard("banana")
+
+    def test_the_middle_button_inserts_nothing_into_the_search(self):
+        self.start("apple", "banana")
+        self.clipboard.set("only selected", "primary")
+        box = self.korvane.wait_until_open()
+        self.keys.click(box.x + 120, box.y + SEARCH_MIDDLE, button=2)
+        self.keys.type("ban")
+        self.keys.press("Return")
+        self.expect_pasted("banana")
 
     def test_the_arrows_put_each_clip_that_they_pass_on_the_clipboard(self):
         self.start("one", "two", "three")

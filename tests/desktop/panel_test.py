@@ -6,10 +6,10 @@ from support.editors import Mousepad
 from support.history import clip
 from support.status_menu import StatusMenu
 from support.tray import Tray, changed_box
-from support.waiting import NotObserved, wait_for
+from support.tray_menu import TrayMenuTest
+from support.waiting import wait_for
 
 WIDTH = 360
-ASSUMED = 22
 SCREEN = Box(0, 0, 1440, 900)
 
 
@@ -19,7 +19,7 @@ class PlacementTest(DesktopTest):
     def open_below_icon(self, alignment, clips=3):
         tray = Tray(self.desk)
         self.start_korvane([clip(f"clip {number}") for number in range(clips)], panelAlignment=alignment)
-        icon = self.as_told(tray.icon())
+        icon = tray.as_told()
         before = self.screen.pixels(SCREEN)
         # Some trays do not tell where an icon is: there the panel opens where it was clicked.
         tray.click()
@@ -29,18 +29,6 @@ class PlacementTest(DesktopTest):
         wait_for(lambda: f"what has changed on the screen is the panel, {panel}",
                  lambda: changed_box(before[panel.y:], self.screen.pixels(below), below) == panel)
         return icon, panel
-
-    def as_told(self, seen):
-        """The icon's rectangle as Korvane can know it. i3's bar holds the icon's own window. The tray of
-        xfce4-panel paints the icon itself and tells no place: what is seen there is the glyph, narrower
-        than its icon; it is clicked in its middle, and the icon is taken to be 22 pixels wide around the
-        click and to reach down to the bar's edge."""
-        if self.desk.kind == "i3":
-            return seen
-        x, bottom = seen.middle[0] - ASSUMED // 2, self.screen.top_bar()
-        icon = Box(x, bottom - ASSUMED, ASSUMED, ASSUMED)
-        self.assertTrue(icon.x <= seen.x and seen.right <= icon.right, f"the glyph {seen} is within {icon}")
-        return icon
 
     def test_in_the_middle_it_is_centred_below_the_icon(self):
         icon, panel = self.open_below_icon("middle")
@@ -163,7 +151,7 @@ class OpeningTest(DesktopTest):
         self.assertTrue(self.korvane.is_open())
 
 
-class StatusItemTest(DesktopTest):
+class StatusItemTest(TrayMenuTest):
     def test_a_left_click_on_the_icon_opens_the_panel_and_the_next_one_closes_it(self):
         tray = Tray(self.desk)
         self.start_korvane([clip("one")])
@@ -171,46 +159,6 @@ class StatusItemTest(DesktopTest):
         self.korvane.wait_until_open()
         tray.click()
         self.korvane.wait_until_closed()
-
-    def open_menu(self, tray):
-        """Right-clicks the icon; the window of the menu that this opens. A host that has not fetched our
-        menu yet shows one of its own, which is narrower than our longest line, and a second click within
-        the time of a double click is the other half of the first and opens nothing: then once more."""
-        def our_menu():
-            menu = self.opened_by(lambda: tray.click(button=3))
-            if menu is None:
-                return None
-            if self.screen.box(menu).width > 200:
-                return menu
-            self.keys.press("Escape")
-            wait_for("the host's menu is closed", lambda: not self.screen.is_viewable(menu))
-            return None
-
-        return wait_for("our menu opens", our_menu)
-
-    def opened_by(self, act):
-        """The window of the menu that an act opens; None when none opens within a second."""
-        before = {window.id for window in self.screen.below(self.screen.root, 1) if self.screen.is_viewable(window)}
-        act()
-        try:
-            return wait_for("a menu opens", lambda: [
-                window for window in self.screen.below(self.screen.root, 1)
-                if window.id not in before and self.screen.is_viewable(window) and self.screen.box(window).height > 60], 1)[0]
-        except NotObserved:
-            return None
-
-    def choose(self, menu, place):
-        """Clicks a line of the menu, given from the menu's top, or from its bottom if it is negative.
-        A menu that has only just opened takes a click for a part of the one that opened it, so the
-        line is lit first."""
-        box = self.screen.box(menu)
-        before = self.screen.pixels(box)
-        x, y = box.x + box.width // 2, box.y + place if place > 0 else box.bottom + place
-        for step in (40, 20, 0):
-            self.keys.point(x - step, y)
-        wait_for("the line is lit", lambda: self.screen.pixels(box) != before)
-        self.keys.click(x, y)
-        wait_for("the menu closes", lambda: not self.screen.is_viewable(menu))
 
     def test_a_right_click_on_the_icon_shows_the_menu_and_its_first_line_is_private_mode(self):
         tray = Tray(self.desk)

@@ -77,7 +77,7 @@ class ScreenshotsTest(unittest.TestCase):
     def test_whoever_looks_sees_each_state_in_both_themes_and_sizes(self):
         names = set(self.take("--list")[1].split())
         states = ("empty", "typical", "odd-texts", "search-none", "private", "full-90", "renaming", "context-menu",
-                  "preview-right", "preview-left",
+                  "preview-right", "preview-left", "settings-general", "settings-help", "settings-about",
                   *(f"tab-{tab}" for tab in ("pinned", "text", "url", "code", "email", "files", "emoji", "large")))
         expected = {f"{state}-{theme}-{scale}x.png"
                     for state in states for theme in ("light", "dark") for scale in (1, 2)}

@@ -73,6 +73,22 @@ namespace {
         EXPECT_EQ(decoded(" [ ] \n"), std::vector<ClipItem> {});
     }
 
+    TEST(ClipJsonTest, TheIndentedFormSaysTheSame)
+    {
+        const std::vector<ClipItem> clips { fullClip(), ClipItem() };
+        std::string pretty;
+        encodeClips(
+            clips, [&](std::string_view block) { pretty += block; }, JsonLayout::pretty);
+
+        EXPECT_TRUE(pretty.starts_with("[\n  {\n    \"id\": \"0A1B2C3D"));
+        EXPECT_NE(
+            pretty.find("\n    \"hasEmoji\": true\n  },\n  {\n    \"id\": "), std::string::npos);
+        EXPECT_TRUE(pretty.ends_with("\n    \"hasEmoji\": false\n  }\n]"));
+        const auto read = decoded(pretty);
+        ASSERT_TRUE(read);
+        EXPECT_EQ(encoded(*read), encoded(clips));
+    }
+
     TEST(ClipJsonTest, WhatIsWrittenIsReadAgainButForTheFractionOfASecond)
     {
         const auto clips = decoded(encoded({ fullClip() }));

@@ -268,5 +268,46 @@ namespace {
         EXPECT_EQ(readBytes(temp.path() / "file"), "new");
     }
 
+    TEST(FilesTest, ANewFileHoldsWhatWasWrittenAndIsForItsUserOnly)
+    {
+        const TempFolder temp;
+        const auto path = temp.path() / "new";
+        NewFile file(path);
+
+        file.write("one ");
+        file.write("two");
+
+        EXPECT_FALSE(file.error());
+        EXPECT_EQ(readBytes(path), "one two");
+        EXPECT_EQ(modeOf(path), 0600U);
+    }
+
+    TEST(FilesTest, ANewFileNeverTakesThePlaceOfAnother)
+    {
+        const TempFolder temp;
+        writeBytes(temp.path() / "taken", "old");
+        fs::create_symlink(temp.path() / "nowhere", temp.path() / "link");
+        for (const auto* name : { "taken", "link" }) {
+            NewFile file(temp.path() / name);
+            file.write("new");
+            file.giveUp();
+            EXPECT_EQ(file.error(), std::errc::file_exists);
+        }
+
+        EXPECT_EQ(readBytes(temp.path() / "taken"), "old");
+        EXPECT_EQ(namesIn(temp.path()), (std::set<std::string> { "taken", "link" }));
+    }
+
+    TEST(FilesTest, ANewFileThatIsGivenUpIsGone)
+    {
+        const TempFolder temp;
+        NewFile file(temp.path() / "new");
+        file.write("half");
+
+        file.giveUp();
+
+        EXPECT_TRUE(fs::is_empty(temp.path()));
+    }
+
 } // namespace
 } // namespace korvane

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace korvane {
 namespace {
 
@@ -40,7 +42,7 @@ namespace {
         const auto clip = clipAt(folder / "a.txt");
         EXPECT_EQ(files.fullText(clip), "content");
 
-        files.remove(clip);
+        files.remove(std::array { clip }, {});
 
         EXPECT_FALSE(fs::exists(folder / "a.txt"));
     }
@@ -54,7 +56,7 @@ namespace {
                  std::string("a.txt"), std::string("/a.txt"), std::string(),
                  base + "/a.txt" + std::string(1, '\0') + ".txt", base + "x/a.txt" }) {
             EXPECT_EQ(files.fullText(clipAt(path)), "preview") << path;
-            files.remove(clipAt(path));
+            files.remove(std::array { clipAt(path) }, {});
         }
 
         EXPECT_EQ(readBytes(temp.path() / "other.txt"), "another file of the user");
@@ -68,7 +70,7 @@ namespace {
         fs::create_symlink(folder / "a.txt", folder / "in.txt");
         for (const auto* name : { "out.txt", "in.txt" }) {
             EXPECT_EQ(files.fullText(clipAt(folder / name)), "preview");
-            files.remove(clipAt(folder / name));
+            files.remove(std::array { clipAt(folder / name) }, {});
             EXPECT_TRUE(fs::is_symlink(folder / name));
         }
     }
@@ -78,9 +80,20 @@ namespace {
         fs::remove(folder / "deeper" / "a.txt");
 
         EXPECT_EQ(files.fullText(clipAt(folder / "deeper")), "preview");
-        files.remove(clipAt(folder / "deeper"));
+        files.remove(std::array { clipAt(folder / "deeper") }, {});
 
         EXPECT_TRUE(fs::is_directory(folder / "deeper"));
+    }
+
+    TEST_F(OverflowFilesTest, AFileThatAClipWhichStaysNamesTooIsLeft)
+    {
+        const auto path = (folder / "a.txt").string();
+
+        files.remove(std::array { clipAt(path) }, std::array { newClip("x"), clipAt(path) });
+        EXPECT_EQ(readBytes(folder / "a.txt"), "content");
+
+        files.remove(std::array { clipAt(path), clipAt(path) }, std::array { newClip("x") });
+        EXPECT_FALSE(fs::exists(folder / "a.txt"));
     }
 
     TEST_F(OverflowFilesTest, APathOfAClipThatIsNoOverflowClipMeansNothing)
@@ -89,7 +102,7 @@ namespace {
         clip.isOverflow = false;
 
         EXPECT_EQ(files.fullText(clip), "preview");
-        files.remove(clip);
+        files.remove(std::array { clip }, {});
 
         EXPECT_TRUE(fs::exists(folder / "a.txt"));
     }
@@ -105,7 +118,7 @@ namespace {
         EXPECT_EQ(
             clip.overflowPath, temp.path().string() + "/caf\uFFFD/" + clip.id.text() + ".txt");
         EXPECT_EQ(oddFiles.fullText(clip).size(), 100'000U);
-        oddFiles.remove(clip);
+        oddFiles.remove(std::array { clip }, {});
         EXPECT_TRUE(fs::is_empty(odd));
     }
 

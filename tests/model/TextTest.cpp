@@ -195,5 +195,20 @@ namespace {
         EXPECT_FALSE(containsWord("", "let"));
     }
 
+    TEST(TextTest, LettersOfEveryScriptHaveCapitals)
+    {
+        EXPECT_EQ(upperCased("a"), "A");
+        EXPECT_EQ(upperCased("é"), "É");
+        EXPECT_EQ(upperCased("ф"), "Ф");
+        EXPECT_EQ(upperCased("ß"), "SS");
+        EXPECT_EQ(upperCased("i"), "I");
+    }
+
+    TEST(TextTest, WhatHasNoCapitalStaysAsItIs)
+    {
+        EXPECT_EQ(upperCased(""), "");
+        EXPECT_EQ(upperCased("1&あ"), "1&あ");
+    }
+
 } // namespace
 } // namespace korvane

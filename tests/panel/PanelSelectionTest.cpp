@@ -154,15 +154,52 @@ namespace {
     TEST(PanelSelectionTest, DeletingASelectedClipThatIsNotDisplayedSelectsTheFirstDisplayed)
     {
         PanelFixture f;
-        f.fill({ "a", "b", "c" });
+        f.fill({ "a", "b", "c", "d" });
+        f.store.togglePin(f.idAt(0));
         f.store.togglePin(f.idAt(1));
-        f.selectAt(2);
+        f.store.togglePin(f.idAt(2));
+        f.selectAt(3);
         f.store.panel().panelFilterTab.set(FilterTab::pinned);
 
         f.press(keycodes::backspace, modifiers::command);
 
-        EXPECT_EQ(f.store.clips().size(), 2U);
-        EXPECT_EQ(f.selected(), "b");
+        EXPECT_EQ(f.store.clips().size(), 3U);
+        EXPECT_EQ(f.displayed(), (Texts { "a", "b", "c" }));
+        EXPECT_EQ(f.selected(), "a");
+    }
+
+    /// The selected clip is the third of all and the first of the pinned.
+    struct SelectedInTwoTabs : PanelFixture {
+        SelectedInTwoTabs()
+        {
+            fill({ "a", "b", "c", "d", "e", "f" });
+            for (const std::size_t index : { 2U, 3U, 4U, 5U })
+                store.togglePin(idAt(index));
+            selectAt(2);
+            tabs.switchTo(FilterTab::pinned);
+            loop.advance(std::chrono::seconds(1));
+        }
+    };
+
+    TEST(
+        PanelSelectionTest, AfterAChangeOfTabThatKeepsTheSelectionDeletingSelectsTheClipThatFollows)
+    {
+        SelectedInTwoTabs f;
+        ASSERT_EQ(f.selected(), "c");
+
+        f.press(keycodes::backspace, modifiers::command);
+
+        EXPECT_EQ(f.selected(), "d");
+    }
+
+    TEST(PanelSelectionTest,
+        AfterAChangeOfTabThatKeepsTheSelectionUnpinningSelectsTheClipThatFollows)
+    {
+        SelectedInTwoTabs f;
+
+        f.type("p", modifiers::command);
+
+        EXPECT_EQ(f.selected(), "d");
     }
 
     TEST(PanelSelectionTest, DeletingRemovesTheOverflowFile)

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "support/FakeAlerts.h"
 #include "support/FakeDesktop.h"
+#include "support/FakeDocumentFetcher.h"
+#include "support/FakeFileDialogs.h"
 #include "support/FakeHotkeyGrabber.h"
 #include "support/FakeKeyboard.h"
 #include "support/FakePasteboard.h"
@@ -37,7 +40,8 @@ public:
     {
         app = std::make_unique<AppDelegate>(
             Ports { loop, log, preferences, pasteboard, workspace, grabber, keyboard, desktop,
-                sounds, statusItem, screens, outsideClicks, appearance, alerts,
+                sounds, statusItem, screens, outsideClicks, appearance, alerts, documents,
+                fileDialogs,
                 [this](ClipStore&, PanelController& controller) {
                     panelController = &controller;
                     auto window = std::make_unique<FakeWindow>();
@@ -49,7 +53,14 @@ public:
                     preview = window.get();
                     return window;
                 },
-                [this] { ++quits; }, [this] { ++updateChecks; }, &settings },
+                [this] { ++quits; }, "https://korvane.example",
+                [this](const SettingsSubjects& subjects) {
+                    settingsTab = &subjects.selection;
+                    ++settingsMade;
+                    auto window = std::make_unique<FakeWindow>();
+                    settings = window.get();
+                    return window;
+                } },
             folder.path() / "com.VNT.Korvane");
     }
 
@@ -85,13 +96,16 @@ public:
     FakeOutsideClicks outsideClicks;
     FakeAppearance appearance;
     FakeAlerts alerts;
-    FakeWindow settings;
+    FakeDocumentFetcher documents;
+    FakeFileDialogs fileDialogs;
     FakeWindow* panel = nullptr;
     FakePreviewWindow* preview = nullptr; // until a clip is shown in it
+    FakeWindow* settings = nullptr;       // until they are first opened
+    SettingsTabSelection* settingsTab = nullptr;
+    int settingsMade = 0;
     PanelController* panelController = nullptr;
     bool wasLaunched = false;
     int quits = 0;
-    int updateChecks = 0;
     std::unique_ptr<AppDelegate> app; // last: it ends before its world
 };
 

@@ -3,7 +3,9 @@
 #include "app/Windows.h"
 #include "model/ClipItem.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korvane::test {
@@ -26,14 +28,6 @@ public:
     std::string image;
     std::string title;
     std::function<std::vector<MenuItem>()> menu;
-};
-
-/// Remembers what the user was told.
-class FakeAlerts : public Alerts {
-public:
-    void warn(const Alert& alert) override { warnings.push_back(alert); }
-
-    std::vector<Alert> warnings;
 };
 
 /// One screen with a bar of 26 points at its top, and the status item in it.

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "app/Windows.h"
+#include "model/Alerts.h"
 
 #include <QMessageBox>
+#include <QObject>
+#include <QPointer>
+#include <QWindow>
 
 #include <map>
 #include <memory>
@@ -10,15 +13,33 @@
 
 namespace korvane {
 
-/// Alerts as windows of the toolkit, one for each message, which the program does not wait for.
+/// Alerts as boxes of the toolkit, which the program does not wait for.
 class AlertBoxes : public Alerts {
 public:
-    AlertBoxes() = default;
+    AlertBoxes();
+    AlertBoxes(const AlertBoxes&) = delete;
+    AlertBoxes& operator=(const AlertBoxes&) = delete;
 
-    void warn(const Alert& alert) override;
+    void show(const Alert& alert, Answered answered) override;
+    bool ask(const Alert& alert, Answered answered) override;
+    void tell(const Alert& alert, Answered answered) override;
 
 private:
-    std::map<std::string, std::unique_ptr<QMessageBox>, std::less<>> m_boxes; // by their messages
+    struct Shown {
+        std::unique_ptr<QMessageBox> box;
+        Answered answered;
+    };
+
+    /// The one of a message, made where there is none.
+    Shown& boxFor(const Alert& alert);
+
+    static void showOver(QWidget& window, const Alert& alert, Answered answered);
+    /// The one that had the keyboard last; null where that is not to be seen, or is the panel.
+    QWidget* lastWindow() const;
+
+    std::map<std::string, Shown, std::less<>> m_boxes; // those of their own, by their messages
+    QPointer<QWindow> m_last;
+    QObject m_listener; // ends first, and with it what is told to us
 };
 
 } // namespace korvane

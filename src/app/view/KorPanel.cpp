@@ -86,11 +86,24 @@ bool KorPanel::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ContextMenu
         && static_cast<QContextMenuEvent&>(*event).reason() == QContextMenuEvent::Keyboard)
         return m_handleKey && m_handleKey({ .keyCode = menuKey, .modifiers = 0, .characters = {} });
-    const bool isReached
-        = event->type() == QEvent::Enter || event->type() == QEvent::MouseButtonPress;
-    if (isReached && isVisible() && m_keyboardWanted)
+    if (isReachedBy(*event) && isVisible() && m_keyboardWanted)
         m_keyboardWanted();
     return false;
+}
+
+/// Another window of ours that has the keyboard, such as the settings, does not lose it to a pointer that
+/// only crosses the panel; to a click it does. An alert over that window, which has just closed, has left
+/// it to nobody for a moment, and the toolkit then tells where the pointer rests: that is no arrival.
+bool KorPanel::isReachedBy(const QEvent& event)
+{
+    const bool isEnter = event.type() == QEvent::Enter;
+    const bool isPress = event.type() == QEvent::MouseButtonPress;
+    if (!isEnter && !isPress && event.type() != QEvent::MouseMove)
+        return false;
+    const auto at = static_cast<const QSinglePointEvent&>(event).globalPosition();
+    const bool hasMoved = std::exchange(m_pointer, at) != at;
+    const auto* const holder = QGuiApplication::focusWindow();
+    return isPress || (isEnter && hasMoved && (!holder || holder == windowHandle()));
 }
 
 void KorPanel::paintEvent(QPaintEvent* event)

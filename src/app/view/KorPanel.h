@@ -4,6 +4,7 @@
 #include "hotkey/KeyCodes.h"
 #include "model/Signal.h"
 
+#include <QPointF>
 #include <QRect>
 #include <QSize>
 #include <QWidget>
@@ -11,13 +12,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace korvane {
 
 /// The panel's window: without a frame, above all others, outside the window manager's reach, so
 /// that it stands exactly where it is put on every desktop. With a compositor it casts a shadow into
-/// a margin of its own and lets the desktop shine through a little; without one it is opaque and cut
-/// to its rounded shape. Every key press comes to it before any control sees it.
+/// a margin of its own; without one it is cut to its rounded shape. Every key press comes to it before any control sees it.
 class KorPanel : public QWidget {
 public:
     /// True: the key press is used up and goes no further.
@@ -61,6 +62,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    bool isReachedBy(const QEvent& event);
     void setComposited(bool isComposited);
     void shape();
     void tellFrame();
@@ -73,6 +75,7 @@ private:
     std::unique_ptr<QWidget> m_contents;
     PanelShadow m_shadow;
     QMargins m_margins;
+    std::optional<QPointF> m_pointer; // where it was seen last
     bool m_isComposited = false;
     bool m_hasToldFrame = false;
     Connection m_compositedChanged;

@@ -1,16 +1,8 @@
 #include "app/view/WidgetWindow.h"
 
-#include <cmath>
 #include <utility>
 
 namespace korvane {
-
-namespace {
-    int whole(double points)
-    {
-        return static_cast<int>(std::lround(points));
-    }
-} // namespace
 
 WidgetWindow::WidgetWindow(
     std::unique_ptr<KorPanel> panel, std::function<ScreenGeometry()> screen, Keyboard keyboard)
@@ -23,17 +15,12 @@ WidgetWindow::WidgetWindow(
 
 Rect WidgetWindow::frame() const
 {
-    const auto screen = m_screen();
-    const auto frame = m_panel->visibleFrame();
-    return { frame.x() - screen.left, screen.top + screen.height - frame.y() - frame.height(),
-        static_cast<double>(frame.width()), static_cast<double>(frame.height()) };
+    return m_screen().upward(m_panel->visibleFrame());
 }
 
 void WidgetWindow::setFrame(const Rect& frame)
 {
-    const auto screen = m_screen();
-    m_panel->setVisibleFrame({ whole(screen.left + frame.x),
-        whole(screen.top + screen.height - frame.top()), whole(frame.width), whole(frame.height) });
+    m_panel->setVisibleFrame(m_screen().onDesktop(frame));
 }
 
 void WidgetWindow::show()

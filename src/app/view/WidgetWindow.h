@@ -2,6 +2,7 @@
 
 #include "app/Windows.h"
 #include "app/view/KorPanel.h"
+#include "app/view/ScreenGeometry.h"
 
 #include <cstdint>
 #include <functional>
@@ -9,16 +10,7 @@
 
 namespace korvane {
 
-/// Where the screen lies that windows are placed on: its top left corner in global coordinates, in
-/// which y grows downward, and its height, all in points.
-struct ScreenGeometry {
-    double left = 0;
-    double top = 0;
-    double height = 0;
-};
-
-/// A panel as the program places it. The program counts upward from the screen's bottom left corner,
-/// the toolkit downward from the desktop's top left; that is turned over here and nowhere else.
+/// A panel as the program places it.
 class WidgetWindow : public PlacedWindow {
 public:
     /// Gives the window the keyboard and takes it away again, which only the desktop's backend can;

@@ -15,6 +15,7 @@ namespace {
         switch (unit.direction()) {
         case QChar::DirR:
         case QChar::DirAL:
+        case QChar::DirAN: // what stands between two of them goes to the left, too (UAX #9, N1)
         case QChar::DirRLE:
         case QChar::DirRLO:
         case QChar::DirRLI:

@@ -1,28 +1,20 @@
 #pragma once
 
-#include <QLineEdit>
-#include <QString>
+#include "look/view/LinePaste.h"
 
-#include <functional>
-#include <memory>
+#include <QLineEdit>
 
 namespace korvane {
 
-/// Fetches the clipboard's text and answers later, once, without ever waiting for its owner; an
-/// empty text when there is none.
-using TextReader = std::function<void(std::function<void(QString)>)>;
-
-/// A line to type in, without frame or ground. The toolkit's own field waits for the program that
-/// owns the clipboard, even only to enable "Paste" in its menu; this one asks a reader instead, so
-/// that a program that hangs cannot hold up the panel. Line ends in a pasted text become blanks. The
-/// Super key does what Ctrl does.
+/// A line to type in, without frame or ground, that pastes without waiting (see `LinePaste`). The Super
+/// key does what Ctrl does.
 class PanelLineEdit : public QLineEdit {
 public:
     PanelLineEdit(TextReader reader, QWidget* parent);
 
     /// Asks the reader, and puts its answer where the cursor then stands; nothing when the field has
     /// been hidden meanwhile, as its next showing is another beginning.
-    void pasteText();
+    void pasteText() { m_paste.paste(); }
 
 protected:
     void hideEvent(QHideEvent* event) override;
@@ -31,9 +23,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    TextReader m_reader;
-    /// Shared with the answers under way, which come to nothing when it is another one.
-    std::shared_ptr<bool> m_showing = std::make_shared<bool>(true);
+    LinePaste m_paste;
 };
 
 } // namespace korvane

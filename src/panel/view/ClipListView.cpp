@@ -59,7 +59,10 @@ ClipListView::ClipListView(ClipStore& store, PanelController& controller, MainLo
 
 void ClipListView::follow(PanelState& panel)
 {
-    m_connections.push_back(m_store.clipsChanged.connect([this] { listChanged(); }));
+    m_connections.push_back(m_store.clipsChanged.connect([this] {
+        keepPlace();
+        listChanged();
+    }));
     const auto showAnew = [this](const auto&) {
         toTop();
         listChanged();
@@ -320,7 +323,46 @@ void ClipListView::settle()
     if (const auto renamed = indexOf(displayed(), m_rename.clip()))
         m_rename.setGeometry(titlePlace(*renamed));
     hoverAt(m_pointer);
+    notePlace();
     measured();
+}
+
+bool ClipListView::isInView(std::size_t index) const
+{
+    const auto place = rowRect(index);
+    return place.top() >= 0 && place.bottom() <= height();
+}
+
+void ClipListView::notePlace()
+{
+    const auto index = firstRowAt(0);
+    m_topRow.reset();
+    if (m_offset > 0 && index < displayed().size())
+        m_topRow = { displayed()[index]->id, rowRect(index).top() };
+    const auto kept = indexOf(displayed(), keptClip());
+    m_isKeptInView = kept && isInView(*kept);
+}
+
+/// What the user is busy with: the clip that is being renamed, or else the one that Return pastes.
+const std::optional<ClipId>& ClipListView::keptClip() const
+{
+    return m_rename.clip() ? m_rename.clip() : m_selected;
+}
+
+/// A copy that arrives must neither put another clip under the pointer of who has scrolled, nor push
+/// what the user is busy with out of view.
+void ClipListView::keepPlace()
+{
+    if (!isVisible())
+        return;
+    if (const auto top = m_topRow ? indexOf(displayed(), m_topRow->id) : std::nullopt)
+        m_offset += rowRect(*top).top() - m_topRow->y;
+    const auto kept = indexOf(displayed(), keptClip());
+    if (kept && m_isKeptInView && !isInView(*kept)) {
+        const auto place = rowRect(*kept);
+        m_offset += place.top() < 0 ? place.top() - metrics::listPaddingY
+                                    : place.bottom() + metrics::listPaddingY - height();
+    }
 }
 
 QRect ClipListView::titlePlace(std::size_t index)
@@ -344,7 +386,7 @@ void ClipListView::centre(std::size_t index)
 
 void ClipListView::bringIntoView(std::size_t index)
 {
-    if (const auto place = rowRect(index); place.top() < 0 || place.bottom() > height())
+    if (!isInView(index))
         centre(index);
 }
 

@@ -89,6 +89,10 @@ private:
     void selectionChanged(const std::optional<ClipId>& selected);
     const std::vector<const ClipItem*>& displayed() const { return m_store.filteredClips(); }
     void settle();
+    bool isInView(std::size_t index) const;
+    void notePlace();
+    const std::optional<ClipId>& keptClip() const;
+    void keepPlace();
     QRect titlePlace(std::size_t index);
     void toTop();
     void centre(std::size_t index);
@@ -107,7 +111,15 @@ private:
     ClipRowView m_rowView;
     MissingFiles m_files;
 
+    /// A row and where its top edge is in the view.
+    struct RowPlace {
+        ClipId id;
+        double y;
+    };
+
     double m_offset = 0;
+    std::optional<RowPlace> m_topRow; // the first in view, of a list that is scrolled
+    bool m_isKeptInView = false;
     TimePoint m_now {};
     std::optional<ClipId> m_selected;
     std::optional<QPointF> m_pointer; // while it is over the list

@@ -3,6 +3,7 @@
 #include "look/view/Colours.h"
 #include "look/view/Fonts.h"
 #include "look/view/Symbols.h"
+#include "panel/PanelTexts.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -25,7 +26,7 @@ SearchTextField::SearchTextField(
     , m_symbols(symbols)
     , m_field(std::move(reader), this)
 {
-    m_field.setPlaceholderText(QStringLiteral("Search..."));
+    m_field.setPlaceholderText(QString::fromUtf8(paneltexts::searchPlaceholder));
     m_field.setFont(textFont(14));
     m_field.setAccessibleName(QStringLiteral("Search"));
     setFocusProxy(&m_field);

@@ -47,13 +47,20 @@ void KeyMap::Release::operator()(xkb_keymap* keymap) const
     xkb_keymap_unref(keymap);
 }
 
+void KeyMap::Release::operator()(xkb_state* state) const
+{
+    xkb_state_unref(state);
+}
+
 KeyMap::KeyMap(X11Connection& connection, MainLoop& loop)
     : m_connection(connection)
     , m_loop(loop)
     , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS))
 {
-    if (startExtension())
+    if (startExtension()) {
+        askForDetectableRepeat();
         watch();
+    }
 }
 
 KeyMap::~KeyMap() = default;
@@ -65,6 +72,16 @@ bool KeyMap::startExtension()
                XKB_X11_MIN_MINOR_XKB_VERSION, XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr,
                nullptr, nullptr, nullptr)
         != 0;
+}
+
+// A held key repeats. Normally each repetition is a release and a press, like fingers that are
+// quick; the server can leave the releases out, and then a release means a release.
+void KeyMap::askForDetectableRepeat()
+{
+    constexpr std::uint32_t detectable = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    m_connection.reply(xcb_xkb_per_client_flags_reply,
+        xcb_xkb_per_client_flags(
+            m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, detectable, detectable, 0, 0, 0));
 }
 
 void KeyMap::watch()
@@ -185,6 +202,16 @@ std::optional<xcb_keycode_t> KeyMap::keyTyping(std::uint32_t symbol, std::uint8_
     return std::nullopt;
 }
 
+std::uint32_t KeyMap::symbolOf(xcb_keycode_t key, std::uint8_t layout, std::uint16_t stateBits)
+{
+    read();
+    if (!m_keymap)
+        return XKB_KEY_NoSymbol;
+    const std::unique_ptr<xkb_state, Release> state(xkb_state_new(m_keymap.get()));
+    xkb_state_update_mask(state.get(), stateBits, 0, 0, 0, 0, layout);
+    return xkb_state_key_get_one_sym(state.get(), key);
+}
+
 std::uint16_t KeyMap::stateBits(ModifierMask modifiers)
 {
     read();
@@ -202,6 +229,16 @@ std::uint16_t KeyMap::stateBits(ModifierMask modifiers)
     add(modifiers::option, alt != 0 ? int { alt } : int { XCB_MOD_MASK_1 });
     add(modifiers::command, super != 0 ? int { super } : int { XCB_MOD_MASK_4 });
     return bits;
+}
+
+ModifierMask KeyMap::modifiersIn(std::uint16_t bits)
+{
+    ModifierMask mask = 0;
+    for (const auto modifier :
+        { modifiers::command, modifiers::shift, modifiers::option, modifiers::control })
+        if ((bits & stateBits(modifier)) != 0)
+            mask |= modifier;
+    return mask;
 }
 
 std::uint16_t KeyMap::numLockBit()

@@ -14,6 +14,7 @@
 
 struct xkb_context;
 struct xkb_keymap;
+struct xkb_state;
 
 namespace korvane {
 
@@ -40,9 +41,15 @@ public:
     /// Does the key type the symbol in this layout, without any modifier?
     bool types(xcb_keycode_t key, std::uint32_t symbol, std::uint8_t layout);
 
+    /// The symbol that the key types in this layout while nothing is in force but these bits of a key
+    /// event; 0 where it types none.
+    std::uint32_t symbolOf(xcb_keycode_t key, std::uint8_t layout, std::uint16_t stateBits);
+
     /// The bits that these modifiers have in a key event. Ctrl, Alt, Shift and Super stand for
     /// Control, Option, Shift and Command.
     std::uint16_t stateBits(ModifierMask modifiers);
+    /// The modifiers that a key event's bits name; the other way round. What has no name is dropped.
+    ModifierMask modifiersIn(std::uint16_t stateBits);
     /// The bit of Num Lock; 0 when the keyboard has none.
     std::uint16_t numLockBit();
     /// The keys that set any of these bits of a key event while they are held.
@@ -56,9 +63,11 @@ private:
     struct Release {
         void operator()(xkb_context* context) const;
         void operator()(xkb_keymap* keymap) const;
+        void operator()(xkb_state* state) const;
     };
 
     bool startExtension();
+    void askForDetectableRepeat();
     void watch();
     void forget();
     void read();

@@ -19,12 +19,26 @@ X11Focus::X11Focus(
     : m_connection(connection)
     , m_loop(loop)
     , m_isOwnWindow(std::move(isOwnWindow))
+    , m_activeWindow(connection.atom("_NET_ACTIVE_WINDOW"))
     , m_focusOut(connection.onEvent(XCB_FOCUS_OUT,
           [this](
               const auto& event) { lost(reinterpret_cast<const xcb_focus_out_event_t&>(event)); }))
     , m_focusIn(connection.onEvent(XCB_FOCUS_IN,
           [this](const auto& event) { got(reinterpret_cast<const xcb_focus_in_event_t&>(event)); }))
+    , m_propertyChanged(connection.onEvent(XCB_PROPERTY_NOTIFY,
+          [this](const auto& event) {
+              const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+              if (changed.window == m_connection.root() && changed.atom == m_activeWindow)
+                  activeWindowChanged();
+          }))
+    , m_unmapped(connection.onEvent(XCB_UNMAP_NOTIFY, [this](const auto& event) {
+        if (reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == m_going)
+            letPointerGo();
+    }))
 {
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &events);
+    connection.flush();
 }
 
 void X11Focus::hold(xcb_window_t window)
@@ -32,9 +46,17 @@ void X11Focus::hold(xcb_window_t window)
     m_held = window;
     m_returns = 0;
     m_isLent = false;
-    const std::uint32_t events = XCB_EVENT_MASK_FOCUS_CHANGE;
+    const std::uint32_t events = XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection.get(), window, XCB_CW_EVENT_MASK, &events);
     m_connection.flush();
+}
+
+void X11Focus::passTo(xcb_window_t window)
+{
+    if (m_held == XCB_NONE)
+        return;
+    m_next = window;
+    m_passing = m_loop.after(breath, [this] { m_passing.stop(); });
 }
 
 void X11Focus::lost(const xcb_focus_out_event_t& event)
@@ -64,6 +86,19 @@ void X11Focus::got(const xcb_focus_in_event_t& event)
         m_lentUntil = m_loop.after(breath, [this] { m_isLent = false; });
 }
 
+/// A manager that hands the keyboard over at the time of what it has seen last (i3) is passed over by the
+/// server, as our window has taken it later, unknown to the manager: the other window would be the active
+/// one, and deaf.
+void X11Focus::activeWindowChanged()
+{
+    if (m_next == XCB_NONE
+        || readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW) != m_next)
+        return;
+    const auto next = std::exchange(m_next, XCB_NONE);
+    if (m_held != XCB_NONE && holder().window == m_held)
+        static_cast<void>(give(next, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME));
+}
+
 X11Focus::Holder X11Focus::holder()
 {
     const auto focus
@@ -79,6 +114,11 @@ bool X11Focus::give(xcb_window_t window, std::uint8_t revertTo, xcb_timestamp_t 
 
 bool X11Focus::takeKeyboard(xcb_window_t window, xcb_timestamp_t time)
 {
+    // The toolkit tells of the pointer's arrival when the menu that led there has closed: nobody has
+    // come back so soon.
+    if (window == m_held && m_passing.isActive())
+        return true;
+    m_next = XCB_NONE;
     const auto before = holder();
     if (before.isKnown && !m_isOwnWindow(before.window))
         m_before = before;
@@ -95,24 +135,50 @@ bool X11Focus::takeKeyboard(xcb_window_t window, xcb_timestamp_t time)
 void X11Focus::giveBackKeyboard()
 {
     const auto before = std::exchange(m_before, {});
-    m_held = XCB_NONE;
+    const auto held = std::exchange(m_held, XCB_NONE);
+    m_next = XCB_NONE;
     const auto now = holder();
-    // A hidden window of ours has left the keyboard to the root window or to nobody.
-    const bool isOurs = m_isOwnWindow(now.window) || now.window == m_connection.root()
+    // A hidden window of ours has left the keyboard to the root window or to nobody. Another window of
+    // ours that the user has gone to keeps it.
+    const bool isOurs = now.window == held || now.window == m_connection.root()
         || now.window == XCB_NONE || now.window == XCB_INPUT_FOCUS_POINTER_ROOT;
+    if (!isOurs && held != XCB_NONE && m_isOwnWindow(now.window))
+        holdPointerUntilGone(held);
     if (!before.isKnown || !isOurs)
         return;
     if (give(before.window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME))
         return;
     // Whoever had it is gone or hidden. A manager that has chosen another window meanwhile believes
     // that this one has the keyboard, and would not hand it over again.
-    const auto active = readNumber(m_connection, m_connection.root(),
-        m_connection.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
+    const auto active
+        = readNumber(m_connection, m_connection.root(), m_activeWindow, XCB_ATOM_WINDOW);
     const bool isGiven = active != XCB_NONE && !m_isOwnWindow(active)
         && give(active, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME);
     if (!isGiven) // the window under the pointer is better than none
         static_cast<void>(
             give(XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_CURRENT_TIME));
+}
+
+/// Where the focus follows the pointer (i3), the window that comes to light under it would get the keyboard
+/// when the panel goes, and another window of ours that has it would lose it. As long as the pointer is held
+/// it arrives nowhere, and what it arrives at by being let go does not count as an arrival.
+void X11Focus::holdPointerUntilGone(xcb_window_t window)
+{
+    const auto grab = m_connection.reply(xcb_grab_pointer_reply,
+        xcb_grab_pointer(m_connection.get(), 0, m_connection.root(), 0, XCB_GRAB_MODE_ASYNC,
+            XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME));
+    if (!grab || grab->status != XCB_GRAB_STATUS_SUCCESS)
+        return; // a button is held in another program, which the user has gone to
+    m_going = window;
+    m_pointerHeld = m_loop.after(breath, [this] { letPointerGo(); });
+}
+
+void X11Focus::letPointerGo()
+{
+    m_going = XCB_NONE;
+    m_pointerHeld.stop();
+    xcb_ungrab_pointer(m_connection.get(), XCB_CURRENT_TIME);
+    m_connection.flush();
 }
 
 } // namespace korvane

@@ -31,6 +31,9 @@ public:
     ///              `XCB_CURRENT_TIME` where that is not known
     /// @return whether the window has the keyboard now
     bool takeKeyboard(xcb_window_t window, xcb_timestamp_t time);
+    /// The user goes from our window to another one of ours, which the manager does know and is about to
+    /// make the active one: it gets the keyboard then.
+    void passTo(xcb_window_t window);
     /// Gives the keyboard back to whom it was taken from, if it is still ours to give. To be called
     /// before our window is hidden, or right after.
     void giveBackKeyboard();
@@ -50,21 +53,31 @@ private:
     void hold(xcb_window_t window);
     void lost(const xcb_focus_out_event_t& event);
     void got(const xcb_focus_in_event_t& event);
+    void activeWindowChanged();
     Holder holder();
     bool give(xcb_window_t window, std::uint8_t revertTo, xcb_timestamp_t time);
+    void holdPointerUntilGone(xcb_window_t window);
+    void letPointerGo();
 
     X11Connection& m_connection;
     MainLoop& m_loop;
     std::function<bool(xcb_window_t)> m_isOwnWindow;
+    xcb_atom_t m_activeWindow;
     Holder m_before;
     xcb_window_t m_held = XCB_NONE;
+    xcb_window_t m_next = XCB_NONE; // that is to have it, until it is active
     /// How often it was taken back from others since then.
     int m_returns = 0;
     /// Somebody listens to the keyboard in our place, or did so just now.
     bool m_isLent = false;
     Timer m_lentUntil;
+    Timer m_passing;                 // the user has only just gone to the next window
+    xcb_window_t m_going = XCB_NONE; // that the pointer is held for
+    Timer m_pointerHeld;
     Connection m_focusOut;
     Connection m_focusIn;
+    Connection m_propertyChanged;
+    Connection m_unmapped;
 };
 
 } // namespace korvane

@@ -2,11 +2,6 @@
 
 #include "platform/x11/KeyMap.h"
 
-// The header of the keyboard extension names a field "explicit", which C++ keeps for itself.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
-
 #include <utility>
 
 namespace korvane {
@@ -15,7 +10,6 @@ X11HotkeyGrabber::X11HotkeyGrabber(X11Connection& connection, KeyMap& keyMap)
     : m_connection(connection)
     , m_keyMap(keyMap)
 {
-    askForDetectableRepeat();
     m_connections = {
         m_connection.onEvent(XCB_KEY_PRESS,
             [this](const xcb_generic_event_t& event) {
@@ -32,17 +26,6 @@ X11HotkeyGrabber::X11HotkeyGrabber(X11Connection& connection, KeyMap& keyMap)
 X11HotkeyGrabber::~X11HotkeyGrabber()
 {
     release();
-}
-
-// A held key repeats. Normally each repetition is a release and a press, like fingers that are
-// quick; the server can leave the releases out, and then a release means a release.
-void X11HotkeyGrabber::askForDetectableRepeat()
-{
-    constexpr std::uint32_t detectable = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-    if (m_connection.extension(&xcb_xkb_id))
-        m_connection.reply(xcb_xkb_per_client_flags_reply,
-            xcb_xkb_per_client_flags(
-                m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, detectable, detectable, 0, 0, 0));
 }
 
 bool X11HotkeyGrabber::grab(KeyCode keyCode, ModifierMask modifiers)
@@ -118,6 +101,9 @@ void X11HotkeyGrabber::followKeyMap()
 
 void X11HotkeyGrabber::keyPressed(const xcb_key_press_event_t& event)
 {
+    // A press that comes to a window of ours was not taken by the grab.
+    if (event.event != m_connection.root())
+        return;
     if (!m_grab || event.detail != m_grab->key || m_heldKey == event.detail)
         return;
     m_heldKey = event.detail;

@@ -40,7 +40,6 @@ private:
         friend bool operator==(const Grab&, const Grab&) = default;
     };
 
-    void askForDetectableRepeat();
     std::optional<Grab> resolve(Chord chord);
     bool take(const Grab& wanted);
     void letGo();

@@ -171,11 +171,7 @@ void X11Keyboard::keyPressed(xcb_keycode_t key)
     const auto keyCode = keyCodeOf(key);
     if (!keyCode)
         return;
-    ModifierMask mask = 0;
-    for (const auto modifier :
-        { modifiers::command, modifiers::shift, modifiers::option, modifiers::control })
-        if ((m_state & m_keyMap.stateBits(modifier)) != 0)
-            mask |= modifier;
+    const auto mask = m_keyMap.modifiersIn(m_state);
     if (mask == modifiers::shift && m_keyMap.types(key, XKB_KEY_Insert, m_layout)
         && m_terminals.isInFront()) {
         keyDown(KeyPress { keycodes::v, modifiers::command, {} }); // a terminal's paste chord

@@ -1,6 +1,7 @@
 #include "platform/x11/X11Workspace.h"
 
 #include "platform/PasswordManagers.h"
+#include "platform/x11/FocusEvents.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/xdg/DesktopEntries.h"
 
@@ -44,18 +45,6 @@ namespace {
             if (const auto at = title.rfind(dash); at != std::string_view::npos)
                 start = std::max(start, at + dash.size());
         return std::string(title.substr(start));
-    }
-
-    // While a key of somebody's is held, the keyboard is only lent and comes back to whom it was.
-    bool isLent(const xcb_focus_in_event_t& focus)
-    {
-        return focus.mode == XCB_NOTIFY_MODE_GRAB || focus.mode == XCB_NOTIFY_MODE_UNGRAB;
-    }
-
-    bool isPointers(const xcb_focus_in_event_t& focus)
-    {
-        return focus.detail == XCB_NOTIFY_DETAIL_POINTER
-            || focus.detail == XCB_NOTIFY_DETAIL_POINTER_ROOT;
     }
 
     std::optional<std::string> unlessEmpty(std::string text)

@@ -40,6 +40,14 @@ namespace {
         return id;
     }
 
+    // An entry in a subfolder is named by the whole way to it, with dashes.
+    std::string idOf(const std::filesystem::path& wayFromFolder)
+    {
+        auto id = withoutEnding(wayFromFolder.string());
+        std::ranges::replace(id, '/', '-');
+        return id;
+    }
+
     std::string lastPart(const std::string& id)
     {
         const auto mark = id.find_last_of(".-");
@@ -56,6 +64,15 @@ namespace {
             || std::ranges::find(starters, executable) != starters.end();
     }
 
+    std::string iconOf(GDesktopAppInfo* info)
+    {
+        struct Free {
+            void operator()(char* text) const { g_free(text); }
+        };
+        return textOf(
+            std::unique_ptr<char, Free>(g_desktop_app_info_get_string(info, "Icon")).get());
+    }
+
     bool isTerminal(GDesktopAppInfo* info)
     {
         const auto categories = ';' + textOf(g_desktop_app_info_get_categories(info)) + ';';
@@ -67,23 +84,30 @@ namespace {
 DesktopEntries::DesktopEntries(MainLoop& loop, std::vector<std::filesystem::path> folders)
     : m_folders(std::move(folders))
     , m_watch(loop)
-    , m_changed(m_watch.changed.connect([this] { m_isStale = true; }))
+    , m_changed(m_watch.changed.connect([this] {
+        if (!std::exchange(m_isStale, true))
+            changed();
+    }))
 {
 }
 
 std::vector<std::filesystem::path> DesktopEntries::standardFolders()
 {
-    std::vector<std::filesystem::path> folders { std::filesystem::path(g_get_user_data_dir())
-        / "applications" };
+    const std::filesystem::path usersOwn(g_get_user_data_dir());
+    std::vector folders { usersOwn / "applications" };
     for (const auto* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder)
         folders.push_back(std::filesystem::path(*folder) / "applications");
+    for (auto exported : { usersOwn / "flatpak/exports/share/applications",
+             std::filesystem::path("/var/lib/flatpak/exports/share/applications"),
+             std::filesystem::path("/var/lib/snapd/desktop/applications") })
+        if (std::ranges::find(folders, exported) == folders.end())
+            folders.push_back(std::move(exported));
     return folders;
 }
 
 std::optional<DesktopEntry> DesktopEntries::find(const ProgramHints& hints)
 {
-    if (std::exchange(m_isStale, false))
-        read();
+    ensureRead();
     const auto desktopFile
         = withoutEnding(std::filesystem::path(hints.desktopFile).filename().string());
     const auto foldedClass = withoutCase(hints.windowClass);
@@ -105,6 +129,42 @@ std::optional<DesktopEntry> DesktopEntries::find(const ProgramHints& hints)
         if (const auto* entry = at(index, key))
             return *entry;
     return std::nullopt;
+}
+
+std::optional<DesktopEntry> DesktopEntries::withId(const std::string& id)
+{
+    ensureRead();
+    const auto* const entry = at(m_byId, id);
+    return entry == nullptr ? std::nullopt : std::optional(*entry);
+}
+
+std::vector<DesktopEntry> DesktopEntries::shown()
+{
+    ensureRead();
+    std::vector<DesktopEntry> entries;
+    for (const auto& known : m_known)
+        if (known.isShown)
+            entries.push_back(known.entry);
+    return entries;
+}
+
+std::optional<DesktopEntry> DesktopEntries::in(const std::filesystem::path& file) const
+{
+    if (file.extension() != ".desktop")
+        return std::nullopt;
+    auto id = withoutEnding(file.filename().string());
+    for (const auto& folder : m_folders)
+        if (const auto way = file.lexically_relative(folder); !way.empty() && *way.begin() != "..")
+            id = idOf(way);
+    if (auto known = readFile(file, std::move(id)))
+        return std::move(known->entry);
+    return std::nullopt;
+}
+
+void DesktopEntries::ensureRead()
+{
+    if (std::exchange(m_isStale, false))
+        read();
 }
 
 const DesktopEntry* DesktopEntries::at(const Index& index, const std::string& key) const
@@ -149,28 +209,28 @@ void DesktopEntries::readFolder(
          !error && each != fs::recursive_directory_iterator(); each.increment(error)) {
         if (each->path().extension() != ".desktop")
             continue;
-        // An entry in a subfolder is named by the whole way to it, with dashes.
-        auto id = withoutEnding(each->path().lexically_relative(folder).string());
-        std::ranges::replace(id, '/', '-');
+        auto id = idOf(each->path().lexically_relative(folder));
         // The first file of a name counts even if it says no more than that the entry is hidden.
         if (std::ranges::find(seenIds, id) != seenIds.end())
             continue;
         seenIds.push_back(id);
-        readFile(each->path(), std::move(id));
+        if (auto known = readFile(each->path(), std::move(id)))
+            m_known.push_back(std::move(*known));
     }
 }
 
-void DesktopEntries::readFile(const std::filesystem::path& file, std::string id)
+std::optional<DesktopEntries::Known> DesktopEntries::readFile(
+    const std::filesystem::path& file, std::string id)
 {
     const AppInfo info(g_desktop_app_info_new_from_filename(file.c_str()));
     if (!info || g_desktop_app_info_get_is_hidden(info.get()) != 0)
-        return;
+        return std::nullopt;
     auto* const application = G_APP_INFO(info.get());
-    m_known.push_back({ { std::move(id), textOf(g_app_info_get_name(application)),
-                            isTerminal(info.get()) },
+    return Known { { std::move(id), textOf(g_app_info_get_name(application)),
+                       isTerminal(info.get()), iconOf(info.get()), file },
         textOf(g_desktop_app_info_get_startup_wm_class(info.get())),
         std::filesystem::path(textOf(g_app_info_get_executable(application))).filename().string(),
-        g_desktop_app_info_get_nodisplay(info.get()) == 0 });
+        g_desktop_app_info_get_nodisplay(info.get()) == 0 };
 }
 
 void DesktopEntries::buildIndexes()

@@ -23,6 +23,10 @@ struct DesktopEntry {
     std::string name;
     /// It is of the category "TerminalEmulator".
     bool isTerminal = false;
+    /// Name of its icon in the user's theme, or the whole path of a picture; empty: none.
+    std::string icon {};
+    /// Where the entry lies.
+    std::filesystem::path file {};
 };
 
 /// What a window tells of the program behind it; empty where it tells nothing.
@@ -43,20 +47,34 @@ public:
     DesktopEntries(MainLoop& loop, std::vector<std::filesystem::path> folders);
 
     /// The folders that the session names: "applications" in $XDG_DATA_HOME and in each of
-    /// $XDG_DATA_DIRS (XDG Base Directory Specification).
+    /// $XDG_DATA_DIRS (XDG Base Directory Specification). Those to which Flatpak and snap export
+    /// come last, where the session, as one that began before they were installed, does not name them.
     static std::vector<std::filesystem::path> standardFolders();
 
     /// The application that the hints speak of. What a program says of itself on purpose comes
     /// before what happens to be called alike; none when nothing fits.
     std::optional<DesktopEntry> find(const ProgramHints& hints);
+    /// The application with exactly this identifier.
+    std::optional<DesktopEntry> withId(const std::string& id);
+    /// The applications that menus show, in no order.
+    std::vector<DesktopEntry> shown();
+    /// The entry in a file that may lie anywhere; none where there is no application to read in it.
+    std::optional<DesktopEntry> in(const std::filesystem::path& file) const;
+    const std::vector<std::filesystem::path>& folders() const { return m_folders; }
+
+    /// An application has been installed, changed or removed, and none has been asked for since.
+    Signal<> changed;
 
 private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
+    struct Known;
+
+    void ensureRead();
     void read();
     std::vector<std::filesystem::path> foldersWithSubfolders() const;
     void readFolder(const std::filesystem::path& folder, std::vector<std::string>& seenIds);
-    void readFile(const std::filesystem::path& file, std::string id);
+    static std::optional<Known> readFile(const std::filesystem::path& file, std::string id);
     void buildIndexes();
     const DesktopEntry* at(const Index& index, const std::string& key) const;
 

@@ -14,7 +14,6 @@ namespace {
 
     /// A preferences file has a few kilobytes; what is larger than this is none.
     constexpr std::uintmax_t mostBytes = 4U << 20U;
-    constexpr int mostLinks = 40;
 
     struct Content {
         std::string bytes;
@@ -30,19 +29,6 @@ namespace {
             return { {}, false };
         auto text = readFileText(file, Links::follow);
         return { text.value_or(""), text.has_value() };
-    }
-
-    /// Where the bytes lie in the end: replacing the file must not replace a link to it.
-    fs::path behindLinks(fs::path file)
-    {
-        std::error_code error;
-        for (auto links = 0; links < mostLinks && fs::is_symlink(file, error); ++links) {
-            const auto target = fs::read_symlink(file, error);
-            if (error)
-                break;
-            file = file.parent_path() / target;
-        }
-        return file;
     }
 } // namespace
 

@@ -161,6 +161,46 @@ namespace {
         EXPECT_EQ(wanted, 2);
     }
 
+    TEST(KorPanelTest, AnotherWindowOfOursLosesTheKeyboardToAClickOnly)
+    {
+        WindowFixture f;
+        int wanted = 0;
+        f.window.setKeyboardWanted([&] { ++wanted; });
+        QWidget settings;
+        settings.show();
+        settings.activateWindow();
+        test::settle();
+        ASSERT_EQ(QGuiApplication::focusWindow(), settings.windowHandle());
+
+        QEnterEvent enter({ 5, 5 }, { 5, 5 }, { 205, 105 });
+        QApplication::sendEvent(f.window.windowHandle(), &enter);
+        EXPECT_EQ(wanted, 0);
+        QMouseEvent down(QEvent::MouseButtonPress, QPointF(50, 50), QPointF(250, 150),
+            Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(f.window.windowHandle(), &down);
+
+        EXPECT_EQ(wanted, 1);
+    }
+
+    TEST(KorPanelTest, APointerThatOnlyRestsOnThePanelAsksForNothing)
+    {
+        WindowFixture f;
+        int wanted = 0;
+        f.window.setKeyboardWanted([&] { ++wanted; });
+        const auto enter = [&f](const QPointF& at) {
+            QEnterEvent event(at, at, at);
+            QApplication::sendEvent(f.window.windowHandle(), &event);
+        };
+        enter({ 205, 105 });
+        wanted = 0;
+
+        enter({ 205, 105 }); // as when an alert over it has closed
+        EXPECT_EQ(wanted, 0);
+        enter({ 206, 105 });
+
+        EXPECT_EQ(wanted, 1);
+    }
+
     TEST(KorPanelTest, WithoutACompositorThePanelIsTheWindowAndOpaque)
     {
         WindowFixture f;

@@ -2,9 +2,9 @@
 
 from screenshots import histories
 from screenshots.scene import Scene
-from screenshots.steps import (DOWN_CHEVRON, LOCK, MENU, UP_CHEVRON, click, enter, hold, point, press, row, tab, until,
-                               until_chevron, until_colour, until_hint, until_ink, until_opened, until_preview, until_rows,
-                               until_selected, until_tab, wheel)
+from screenshots.steps import (DOWN_CHEVRON, LOCK, MENU, UP_CHEVRON, click, enter, hold, point, press, row, settings_page, tab,
+                               tab_key, until, until_at_rest, until_chevron, until_colour, until_dialog, until_hint, until_ink,
+                               until_opened, until_preview, until_rows, until_selected, until_tab, wheel)
 
 BOTH = (1, 2)
 EVERY = (1, 1.25, 1.5, 2)
@@ -14,6 +14,10 @@ HEADER, TOTALS = (0, 0, 360, 42), (10, -33, 200, 24)
 ROWS_OF_TAB = {"pinned": 1, "text": 4, "url": 1, "code": 1, "email": 1, "files": 1, "emoji": 1, "large": 1}
 RENAME = 3  # how often the down key is pressed from the first line of a row's menu to "Rename..."
 
+SOUNDS = {"playSoundOnCopy": True, "playSoundOnSelect": True, "playSoundOnPaste": True, "pasteSoundName": "Frog"}
+IGNORED = {"ignoredBundleIDs": ["org.xfce.mousepad", "featherpad", "org.example.Gone"]}
+
+RECORDER = (settings_page("s"), tab_key(1), press("space"), until_at_rest())
 SECOND = (press("Down"), until_selected(1))
 PREVIEW_RIGHT = (*SECOND, press("space"), until_preview("right"))
 PREVIEW_LEFT = (press("Down", times=3), until_selected(3), press("space"), until_preview("left"))
@@ -68,6 +72,28 @@ SCENES = [
     Scene("no-compositor-empty", histories.nothing, (until_tab(0),), is_composited=False),
     Scene("no-compositor-preview", steps=PREVIEW_RIGHT, is_composited=False),
     Scene("no-compositor-menu", steps=CONTEXT_MENU, is_composited=False),
+    Scene("settings-general", steps=(settings_page("g"),), scales=EVERY),
+    Scene("settings-general-sounds", steps=(settings_page("g"),), scales=BOTH, preferences=SOUNDS),
+    Scene("settings-general-end", steps=(settings_page("g", notches=20),), scales=BOTH, preferences=SOUNDS),
+    Scene("settings-focus", steps=(settings_page("g"), tab_key(2))),
+    Scene("settings-shortcuts", steps=(settings_page("s"),), scales=BOTH),
+    Scene("settings-privacy", steps=(settings_page("p"),), scales=BOTH),
+    Scene("settings-privacy-apps", steps=(settings_page("p"),), scales=BOTH, preferences=IGNORED),
+    Scene("settings-data", steps=(settings_page("d"),), scales=BOTH),
+    Scene("settings-help", steps=(settings_page("h"),), scales=BOTH),
+    Scene("settings-help-end", steps=(settings_page("h", notches=20),)),
+    Scene("settings-about", steps=(settings_page("a"),), scales=BOTH),
+    Scene("settings-recording", steps=RECORDER),
+    Scene("alert-limit", histories.numbered(60), (settings_page("g"), tab_key(2), press("Control_L", "a"), enter("50"), press("Return"),
+                                          until_dialog("Reduce clip limit?")), scales=BOTH),
+    Scene("alert-clear", steps=(settings_page("d"), tab_key(3), press("space"), until_dialog("Clear history?")), scales=BOTH),
+    Scene("alert-shortcut", steps=(*RECORDER, press("Alt_L", "F4"), until_dialog("Shortcut unavailable")), scales=BOTH),
+    Scene("alert-update", steps=(until_rows(8), click(MENU), until_opened("the application's menu"), *(press("Down"),) * 2,
+                                 press("Return"), until_dialog("Korvane could not check for updates")), scales=BOTH),
+    Scene("dialog-application", steps=(settings_page("p"), tab_key(1), press("space"),
+                                       until_dialog("Choose an app")), scales=BOTH),
+    Scene("dialog-export", steps=(settings_page("d"), tab_key(1), press("space"), until_dialog("Save As"))),
+    Scene("settings-wide-font", steps=(settings_page("g"),), font="DejaVu Sans", preferences=SOUNDS),
     Scene("wide-font", steps=TYPICAL, scales=BOTH, font="DejaVu Sans"),
 ]
 

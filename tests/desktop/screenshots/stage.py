@@ -28,6 +28,7 @@ class Stage:
         self.desk = Desk()
         self.keys, self.screen = self.desk.keys, self.desk.screen
         self.buttons = []
+        self.dialogs = []  # the titles of those that the scene has opened
 
     def close(self):
         for button in self.buttons:
@@ -64,6 +65,8 @@ class Stage:
     def shown(self):
         """The program's windows, with the desktop around them up to the bar."""
         frames = [self.screen.frame(window) for window in self.korvane.windows()]
+        # The window manager's own frame is around them.
+        frames += [self.screen.box(window).around(round(2 * self.scale)) for window in self.managed()]
         whole = frames[0]
         for frame in frames[1:]:
             whole = whole.joined(frame)
@@ -73,6 +76,15 @@ class Stage:
 
     def panel(self):
         return self.screen.frame(self.korvane.panel(viewable=True))
+
+    def managed(self, title=None):
+        """The program's windows that the window manager looks after: the settings, alerts and dialogs."""
+        titles = [title] if title else ["Korvane Settings", *self.dialogs]
+        return [window for each in titles for window in self.screen.find("korvane", title=each)]
+
+    def settings(self):
+        """The settings window; None while it is not to be seen."""
+        return next(iter(self.managed("Korvane Settings")), None)
 
     def others(self):
         """What of the program's windows is not the panel: menus, tips, the preview."""

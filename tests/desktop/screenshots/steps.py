@@ -3,6 +3,7 @@
 Places are in points from the panel's top left corner; what is less than nothing counts from the other side."""
 
 from support.display import Box
+from support.painting import wait_until_at_rest
 from support.waiting import wait_for
 
 PANEL = 360
@@ -62,6 +63,49 @@ def wheel(notches):
         stage.rest_pointer()
 
     return step
+
+
+def settings_page(letter, notches=0):
+    """Opens the settings by the panel's button, closes the panel, and goes to the page of a letter; the wheel
+    is turned so often over it."""
+    def step(stage):
+        click(GEAR)(stage)
+        wait_for("the settings window has the keyboard", lambda: stage.settings() and stage.screen.has_keyboard(stage.settings()))
+        stage.korvane.command("--hide")
+        stage.korvane.wait_until_closed()
+        wait_for("it still has the keyboard", lambda: stage.screen.has_keyboard(stage.settings()))
+        stage.keys.press("Alt_L", letter)
+        wait_until_at_rest(stage.screen)
+        box = stage.screen.box(stage.settings())
+        for _ in range(notches):
+            stage.keys.click(box.x + 6, box.bottom - 40, button=5)
+        stage.rest_pointer()
+        top = Box(box.x, box.y + round(70 * stage.scale), box.width, round(200 * stage.scale))
+        wait_for("the page is painted", lambda: stage.has_ink(top))
+
+    return step
+
+
+def until_at_rest():
+    return lambda stage: wait_until_at_rest(stage.screen)
+
+
+def until_dialog(title):
+    """That an alert or a dialog has the keyboard and is painted."""
+    def look(stage):
+        found = stage.managed(title)
+        return found and stage.screen.has_keyboard(found[0]) and stage.has_ink(stage.screen.box(found[0]))
+
+    def step(stage):
+        stage.dialogs.append(title)
+        until(f"{title!r} is open", look)(stage)
+
+    return step
+
+
+def tab_key(times):
+    """Presses the Tab key in the settings window, where the ring of the focus is seen."""
+    return lambda stage: [stage.keys.press("Tab") for _ in range(times)]
 
 
 # --- what is waited for

@@ -96,6 +96,21 @@ class Screen:
         left, right, top, bottom = extents
         return Box(box.x + left, box.y + top, box.width - left - right, box.height - top - bottom)
 
+    def framed(self, window):
+        """Where it stands with the frame that the window manager has put around it: a window of its own."""
+        return self.box(self.outermost(window))
+
+    def outermost(self, window):
+        """The window itself, or the one of the window manager that it stands in."""
+        while (parent := window.query_tree().parent).id != self.root.id:
+            window = parent
+        return window
+
+    def is_above(self, window, other):
+        """Whether one window covers the other where they meet."""
+        order = [each.id for each in self.root.query_tree().children]
+        return order.index(self.outermost(window).id) > order.index(self.outermost(other).id)
+
     def below(self, window, depth):
         """The windows below one, down to a depth."""
         with contextlib.suppress(error.XError):
@@ -146,8 +161,27 @@ class Screen:
         if not self.is_in_front(window):
             wait_for(lambda: f"{self.title(window)!r} is in front", asked)
 
+    def minimize(self, window):
+        """Asks the window manager, as the button of the frame does (ICCCM 4.1.4)."""
+        message = event.ClientMessage(window=window, client_type=self.atom("WM_CHANGE_STATE"),
+                                      data=(32, [Xutil.IconicState, 0, 0, 0, 0]))
+        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.flush()
+
     def is_in_front(self, window):
         return self.active() == window.id and self.has_keyboard(window)
+
+    def wait_for_manager(self):
+        """Waits until the window manager has dealt with all that has happened so far: it answers a question
+        only after that. One that cannot be asked is not waited for."""
+        question = self.atom("_NET_REQUEST_FRAME_EXTENTS")
+        if question not in (self.property(self.root, "_NET_SUPPORTED", Xatom.ATOM) or ()):
+            return
+        window = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        message = event.ClientMessage(window=window, client_type=question, data=(32, [0] * 5))
+        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        wait_for("the window manager answers", lambda: self.property(window, "_NET_FRAME_EXTENTS") is not None)
+        window.destroy()
 
     def owner(self, selection="CLIPBOARD"):
         """The number of the window that owns a selection; 0: none."""

@@ -13,10 +13,11 @@ APPLICATION = "com.VNT.Korvane"
 
 
 class Korvane:
-    def __init__(self, desk, clips=(), stderr=None, starts=True, environment=(), **preferences):
+    def __init__(self, desk, clips=(), stderr=None, starts=True, environment=(), program=PROGRAM, **preferences):
         """`stderr`: a descriptor that takes what it says, instead of the log. `starts`: otherwise only
-        its folders are made. `environment`: what is added to ours."""
+        its folders are made. `environment`: what is added to ours. `program`: another build."""
         self.desk = desk
+        self.program = program
         self.stderr = stderr
         self.home = desk.folder / "korvane-home"
         self.environment = {**os.environ, **dict(environment), "HOME": str(self.home), "XDG_DATA_HOME": str(self.home / "data"),
@@ -36,7 +37,7 @@ class Korvane:
     def start(self):
         """Starts it and waits until it is ready: its panel, the last thing that it makes, is there."""
         with open(self.desk.folder / "korvane.log", "ab") as log:
-            self.process = subprocess.Popen([PROGRAM], env=self.environment, stdin=subprocess.DEVNULL, stdout=log,
+            self.process = subprocess.Popen([self.program], env=self.environment, stdin=subprocess.DEVNULL, stdout=log,
                                             stderr=log if self.stderr is None else self.stderr)
         wait_for(lambda: f"Korvane is ready; it says {self.log()!r}", lambda: self.panel() or not self.is_running())
         if not self.is_running():
@@ -47,7 +48,7 @@ class Korvane:
 
     def command(self, *arguments):
         """Runs a second korvane, which speaks to the first; its exit status and what it wrote."""
-        answer = subprocess.run([PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
+        answer = subprocess.run([self.program, *arguments], env=self.environment, capture_output=True, text=True,
                                 check=False, timeout=20)
         return answer.returncode, answer.stdout + answer.stderr
 
@@ -90,6 +91,10 @@ class Korvane:
         icon = 64  # pixels; no tray shows one that is larger
         return [window for window in self.desk.screen.find("korvane", depth=1)
                 if self.desk.screen.box(window).width > icon]
+
+    def box(self):
+        """Where the open panel is, whoever has the keyboard."""
+        return self.desk.screen.box(wait_for("the panel is open", lambda: self.panel(viewable=True)))
 
     def is_open(self):
         return self.panel(viewable=True) is not None

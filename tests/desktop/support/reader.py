@@ -60,6 +60,11 @@ class Element:
     def act(self, name):
         self.accessible.get_action_iface().do_action(self.actions().index(name))
 
+    def text(self):
+        """What stands in a field."""
+        held = self.accessible.get_text_iface()
+        return held.get_text(0, held.get_character_count())
+
     def grab_focus(self):
         self.accessible.get_component_iface().grab_focus()
 

@@ -39,3 +39,10 @@ class StatusMenu:
         call(self.name, self.path, "com.canonical.dbusmenu.AboutToShow", "0")
         layout = call(self.name, self.path, "com.canonical.dbusmenu.GetLayout", "0", "-1", "['label']")
         return re.findall(r"'label': <'([^']*)'>", layout)
+
+    def choose(self, text):
+        """Chooses the line with this text, as a click in the tray's host does."""
+        call(self.name, self.path, "com.canonical.dbusmenu.AboutToShow", "0")
+        layout = call(self.name, self.path, "com.canonical.dbusmenu.GetLayout", "0", "-1", "['label']")
+        line = re.search(r"\((\d+), {[^}]*'label': <'" + re.escape(text) + "'>", layout).group(1)
+        call(self.name, self.path, "com.canonical.dbusmenu.Event", line, "clicked", "<''>", "0")

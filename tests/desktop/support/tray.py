@@ -9,6 +9,9 @@ from support.display import Box
 from support.painting import wait_until_at_rest
 from support.waiting import wait_for
 
+ASSUMED = 22  # how wide an icon is taken to be where the tray does not tell
+GAP = 20  # pixels that stay as they are between two things in the bar
+
 
 class Tray:
     """Make it before Korvane starts: the icon is what has come into the bar since."""
@@ -45,6 +48,19 @@ class Tray:
         """Where Korvane's icon is: its window where the tray holds one, else the pixels that changed."""
         return wait_for("Korvane's icon in the tray", self.embedded if self.desk.kind == "i3" else self.painted)
 
+    def as_told(self):
+        """The icon's rectangle as Korvane can know it. i3's bar holds the icon's own window. The tray of
+        xfce4-panel paints the icon itself and tells no place: what is seen there is the glyph, narrower
+        than its icon; it is clicked in its middle, and the icon is taken to be 22 pixels wide around the
+        click and to reach down to the bar's edge."""
+        seen = self.icon()
+        if self.desk.kind == "i3":
+            return seen
+        x, bottom = seen.middle[0] - ASSUMED // 2, self.screen.top_bar()
+        icon = Box(x, bottom - ASSUMED, ASSUMED, ASSUMED)
+        assert icon.x <= seen.x and seen.right <= icon.right, f"the glyph {seen} is not within {icon}"
+        return icon
+
     def embedded(self):
         panels = {window.id for window in self.screen.find("korvane", depth=1, viewable=False)}
         icons = [window for window in self.screen.find("korvane", depth=5) if window.id not in panels]
@@ -60,7 +76,14 @@ class Tray:
         return all(self.screen.box(icon).right <= self.screen.box(filler).x for filler in self.fillers)
 
     def painted(self):
-        return changed_box(self.before, self.screen.pixels(self.bar), self.bar)
+        """The last of what has come into the bar: a window's button in the list of windows stands before it."""
+        now = self.screen.pixels(self.bar)
+        columns = sorted({column for rows in zip(self.before, now) for column in differing_columns(*rows)})
+        if not columns:
+            return None
+        first = next((right for left, right in zip(columns[-2::-1], columns[::-1]) if right - left > GAP), columns[0])
+        place = Box(self.bar.x + first, self.bar.y, self.bar.width - first, self.bar.height)
+        return changed_box([row[first * 4:] for row in self.before], [row[first * 4:] for row in now], place)
 
     def click(self, button=1):
         box = self.icon()
@@ -75,13 +98,12 @@ def changed_box(before, after, area):
         return None
     top, bottom = differing[0][0], differing[-1][0] + 1
     left = min(columns[0] for _, columns in differing)
-    right = max(columns[1] for _, columns in differing) + 1
+    right = max(columns[-1] for _, columns in differing) + 1
     return Box(area.x + left, area.y + top, right - left, bottom - top)
 
 
 def differing_columns(old, new):
-    """The first and the last column in which two rows of pixels differ in colour; None: in none."""
+    """The columns in which two rows of pixels differ in colour."""
     if old == new:
-        return None
-    columns = [column for column in range(len(old) // 4) if old[column * 4:column * 4 + 3] != new[column * 4:column * 4 + 3]]
-    return (columns[0], columns[-1]) if columns else None
+        return []
+    return [column for column in range(len(old) // 4) if old[column * 4:column * 4 + 3] != new[column * 4:column * 4 + 3]]

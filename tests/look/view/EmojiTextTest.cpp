@@ -130,6 +130,18 @@ namespace {
         }
     }
 
+    TEST_F(EmojiTextTest, BetweenArabicDigitsTooAnEmojiCoversNoOther)
+    {
+        const auto text = laidOut(QStringLiteral("\u0663 😀 \u0662"), 200);
+        const auto line = text->layout().lineAt(0);
+
+        const auto face = coloured(pictureOf(*text));
+
+        EXPECT_GE(face.left(), std::floor(origin.x() + line.cursorToX(4)));
+        EXPECT_LE(face.right(), std::ceil(origin.x() + line.cursorToX(2)));
+        EXPECT_GT(face.width(), 8);
+    }
+
     TEST_F(EmojiTextTest, InALineFromRightToLeftWithoutALetterTheyStandFromTheRight)
     {
         const auto text = laidOut(QStringLiteral("❤️❤️"), 200, Qt::RightToLeft);

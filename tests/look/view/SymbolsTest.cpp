@@ -19,7 +19,8 @@ namespace {
     {
         std::vector<std::string> names { "doc.on.clipboard", "lock.doc", "magnifyingglass",
             "externaldrive", "pin.fill", "lock", "lock.fill", "gearshape", "ellipsis.circle",
-            "chevron.up", "chevron.down" };
+            "chevron.up", "chevron.down", "gear", "keyboard", "lock.shield", "questionmark.circle",
+            "info.circle", "play.circle", "plus", "exclamationmark.triangle" };
         for (const auto tab : allFilterTabs)
             names.emplace_back(symbolOf(tab));
         for (const auto type : allClipTypes)
@@ -37,7 +38,7 @@ namespace {
         return inked;
     }
 
-    TEST(SymbolsTest, EverySymbolThatThePanelShowsIsDrawnAndLeavesItsEdgeFree)
+    TEST(SymbolsTest, EverySymbolThatWeShowIsDrawnAndLeavesItsEdgeFree)
     {
         Symbols symbols;
 

@@ -1,8 +1,7 @@
 #include "panel/view/ClipListView.h"
 
-#include "look/view/Symbols.h"
+#include "panel/view/ListFixture.h"
 #include "panel/view/PanelMetrics.h"
-#include "panel/view/ViewFixture.h"
 #include "support/Input.h"
 
 #include <gtest/gtest.h>
@@ -21,21 +20,8 @@ namespace {
     using namespace std::chrono_literals;
     using Done = test::FakeClipActions::Done;
 
-    constexpr int listHeight = 306; // six rows
-
-    struct ListFixture : test::ViewFixture {
-        explicit ListFixture(int clips = 0)
-        {
-            addNumbered(clips);
-            list.resize(metrics::panelWidth, listHeight);
-            list.show();
-            test::settle();
-        }
-        QPointF middleOf(std::size_t index) const { return list.rowRect(index).center(); }
-
-        Symbols symbols;
-        ClipListView list { store, controller, loop, symbols, {}, [] {}, nullptr };
-    };
+    using test::ListFixture;
+    using test::listHeight;
 
     TEST(ClipListViewTest, AClickChoosesTheClipUnderThePointer)
     {

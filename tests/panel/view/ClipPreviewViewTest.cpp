@@ -3,9 +3,11 @@
 #include "look/view/Fonts.h"
 #include "model/ClipItem.h"
 #include "panel/view/PanelMetrics.h"
+#include "support/AccessEvents.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -43,9 +45,15 @@ namespace {
 
     TEST(ClipPreviewViewTest, NothingOfTheTextIsLeftOnceItIsHidden)
     {
+        const test::AccessEvents listener;
         ClipPreviewView view;
         view.show();
         view.setClip(clipOf("a secret"));
+        const auto parts = view.findChildren<QWidget*>();
+        ASSERT_EQ(
+            std::ranges::count_if(parts,
+                [](const auto* part) { return part->accessibleName().contains(u"a secret"); }),
+            2); // the text itself, and what has been announced
 
         view.hide();
 

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QStringList>
 
@@ -115,8 +116,10 @@ namespace {
 
         f.choose(1, QStringLiteral("Rename..."));
 
-        EXPECT_TRUE(f.view.list().isRenaming());
+        ASSERT_TRUE(f.view.list().isRenaming());
+        f.view.list().findChild<QLineEdit*>()->setText(QStringLiteral("a name"));
         f.view.list().submitRename();
+        EXPECT_EQ(f.store.clips().at(1).customName, "a name");
     }
 
     TEST(ClipRowMenuTest, QuickLookOpensThePreviewBesideThatRow)

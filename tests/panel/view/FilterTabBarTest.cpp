@@ -92,9 +92,10 @@ namespace {
         f.panel().selectedClipID.set(f.idAt(2));
 
         test::click(f.bar, f.bar.chip(FilterTab::all).center());
-        f.loop.advance(1s);
 
         EXPECT_FALSE(f.panel().isTabSwitching.value());
+        EXPECT_EQ(f.panel().tabDisplayed.value(), std::nullopt);
+        f.loop.advance(1s);
         EXPECT_EQ(f.panel().selectedClipID.value(), f.idAt(2));
     }
 

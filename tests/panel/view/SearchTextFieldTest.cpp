@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QMenu>
 
 #include <array>
@@ -181,18 +179,6 @@ namespace {
         test::typeKey(field, Qt::Key_J, Qt::MetaModifier, QStringLiteral("j"));
 
         EXPECT_EQ(f.searched(), "abc");
-    }
-
-    TEST(SearchTextFieldTest, TheMiddleButtonPastesNothing)
-    {
-        SearchFixture f;
-        auto* clipboard = QGuiApplication::clipboard();
-        if (clipboard->supportsSelection())
-            clipboard->setText(QStringLiteral("selected elsewhere"), QClipboard::Selection);
-
-        test::click(f.search.field(), { 5, 5 }, Qt::MiddleButton);
-
-        EXPECT_EQ(f.text(), QString());
     }
 
     TEST(SearchTextFieldTest, ItsMenuPastesFromTheReader)

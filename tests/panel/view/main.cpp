@@ -1,4 +1,5 @@
 #include "app/view/ApplicationTheme.h"
+#include "app/view/SettingsWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -15,5 +16,6 @@ int main(int argc, char** argv)
     korvane::Observable<bool> systemIsDark { false };
     korvane::Observable<bool> isAnimated { true };
     const korvane::ApplicationTheme theme(systemIsDark, isAnimated);
+    korvane::SettingsWindow::installAccess();
     return RUN_ALL_TESTS();
 }

@@ -26,6 +26,25 @@ namespace {
             panel.map();
             return focus.takeKeyboard(panel.id(), XCB_CURRENT_TIME);
         }
+        void makeActive(const TestWindow& window)
+        {
+            const auto active = window.id();
+            xcb_change_property(otherProgram.get(), XCB_PROP_MODE_REPLACE, otherProgram.root(),
+                otherProgram.atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &active);
+            otherProgram.sync();
+            deliverEvents();
+        }
+        /// Whether nobody holds the pointer.
+        bool isPointerFree()
+        {
+            const X11Reply<xcb_grab_pointer_reply_t> grab(xcb_grab_pointer_reply(otherProgram.get(),
+                xcb_grab_pointer(otherProgram.get(), 0, otherProgram.root(), 0, XCB_GRAB_MODE_ASYNC,
+                    XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
+                nullptr));
+            xcb_ungrab_pointer(otherProgram.get(), XCB_CURRENT_TIME);
+            otherProgram.sync();
+            return grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
+        }
         /// Gives the keyboard to the window as window managers do while their key for it is held.
         void goByKeyTo(const TestWindow& window)
         {
@@ -164,6 +183,96 @@ namespace {
         f.deliverEvents();
 
         EXPECT_TRUE(alert.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, AnotherWindowOfOursThatHasItKeepsItWhenThePanelCloses)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.bringToFront(f.editor));
+        f.panel.map();
+        TestWindow settings(f.toolkit, TestWindow::Kind::overrideRedirect);
+        settings.map();
+        ASSERT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+        xcb_set_input_focus(
+            f.toolkit.get(), XCB_INPUT_FOCUS_PARENT, settings.id(), XCB_CURRENT_TIME);
+        f.toolkit.sync();
+        f.deliverEvents();
+
+        f.focus.giveBackKeyboard();
+
+        EXPECT_TRUE(settings.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, ThePointerArrivesNowhereByThePanelsEndWhileAnotherWindowOfOursHasTheKeyboard)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.panelHasTakenIt());
+        TestWindow settings(f.toolkit, TestWindow::Kind::overrideRedirect);
+        settings.map();
+        xcb_set_input_focus(
+            f.toolkit.get(), XCB_INPUT_FOCUS_PARENT, settings.id(), XCB_CURRENT_TIME);
+        f.toolkit.sync();
+        f.deliverEvents();
+        ASSERT_TRUE(waitUntil([&] { return f.isPointerFree(); }));
+
+        f.focus.giveBackKeyboard();
+        EXPECT_FALSE(f.isPointerFree());
+        f.panel.unmap();
+
+        EXPECT_TRUE(waitUntil([&] {
+            f.deliverEvents();
+            return f.isPointerFree();
+        }));
+        EXPECT_TRUE(settings.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, AnotherWindowOfOursThatIsToHaveItGetsItWhenTheManagerMakesItTheActiveOne)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.panelHasTakenIt());
+        TestWindow settings(f.toolkit, TestWindow::Kind::overrideRedirect);
+        settings.map();
+
+        f.focus.passTo(settings.id());
+
+        // All that a manager does whose time is older than the panel's. The one that runs here may say at
+        // the same moment what it takes for the active window.
+        EXPECT_TRUE(waitUntil([&] {
+            f.makeActive(settings);
+            return settings.hasKeyboard();
+        }));
+    }
+
+    TEST(X11FocusTest, WhatComesRightAfterTheUserHasGoneToAnotherWindowOfOursDoesNotTakeItBack)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.panelHasTakenIt());
+        TestWindow settings(f.toolkit, TestWindow::Kind::overrideRedirect);
+        settings.map();
+        f.focus.passTo(settings.id());
+        ASSERT_TRUE(waitUntil([&] {
+            f.makeActive(settings);
+            return settings.hasKeyboard();
+        }));
+
+        EXPECT_TRUE(f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME));
+
+        EXPECT_TRUE(settings.hasKeyboard());
+        EXPECT_TRUE(waitUntil([&] {
+            return f.focus.takeKeyboard(f.panel.id(), XCB_CURRENT_TIME) && f.panel.hasKeyboard();
+        })) << "a user who comes back later has it";
+    }
+
+    TEST(X11FocusTest, AnotherWindowOfOursThatIsActiveForAnotherReasonLeavesItToThePanel)
+    {
+        FocusFixture f;
+        ASSERT_TRUE(f.panelHasTakenIt());
+        TestWindow alert(f.toolkit, TestWindow::Kind::overrideRedirect);
+        alert.map();
+
+        f.makeActive(alert);
+
+        EXPECT_TRUE(f.panel.hasKeyboard());
     }
 
     TEST(X11FocusTest, TakingItTwiceForgetsNothing)

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -225,6 +226,15 @@ namespace {
 
         EXPECT_EQ(f.idOf({ .windowClass = "noise" }), std::nullopt);
         EXPECT_EQ(f.idOf({ .windowClass = "good" }), "good");
+    }
+
+    TEST(DesktopEntriesTest, TheStandardFoldersEndWithThoseOfPackagesOfOtherKinds)
+    {
+        const auto folders = DesktopEntries::standardFolders();
+
+        for (const std::string_view folder : { "/var/lib/flatpak/exports/share/applications",
+                 "/var/lib/snapd/desktop/applications" })
+            EXPECT_EQ(std::ranges::count(folders, std::filesystem::path(folder)), 1) << folder;
     }
 
     TEST(DesktopEntriesTest, TheStandardFoldersBeginWithTheUsers)
