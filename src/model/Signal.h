@@ -1,11 +1,8 @@
 #pragma once
 
-#include <boost/signals2/dummy_mutex.hpp>
-#include <boost/signals2/signal.hpp>
-#include <boost/signals2/signal_type.hpp>
-
 #include <functional>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace korvane {
@@ -13,16 +10,40 @@ namespace korvane {
 /// Keeps one slot connected for as long as it lives. May outlive the signal.
 class [[nodiscard]] Connection {
 public:
-    Connection() = default;
-    explicit Connection(boost::signals2::connection connection)
-        : m_connection(std::move(connection))
-    {
-    }
+    Connection();
+    ~Connection();
+    Connection(Connection&& other) noexcept;
+    Connection& operator=(Connection&& other) noexcept;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
-    void disconnect() { m_connection.disconnect(); }
+    void disconnect();
 
 private:
-    boost::signals2::scoped_connection m_connection;
+    friend class Listeners;
+    struct Held;
+    explicit Connection(std::unique_ptr<Held> held);
+
+    std::unique_ptr<Held> m_held;
+};
+
+/// The slots of one signal, each told by the address of what is said; Signal<…> gives that its types back. It
+/// stands apart because nearly every file reads this one: the library behind it is then compiled once.
+class Listeners {
+public:
+    using Slot = std::function<void(const void* told)>;
+
+    Listeners();
+    ~Listeners();
+    Listeners(const Listeners&) = delete;
+    Listeners& operator=(const Listeners&) = delete;
+
+    Connection connect(Slot slot);
+    void tell(const void* told) const;
+
+private:
+    struct List;
+    std::shared_ptr<List> m_list; // shared by the calls that are under way: a slot may destroy us
 };
 
 /// Tells whoever listens that something has happened. Slots are called in the order in which they
@@ -32,26 +53,23 @@ private:
 template <typename... Args>
 class Signal {
 public:
-    Signal() = default;
-    Signal(const Signal&) = delete;
-    Signal& operator=(const Signal&) = delete;
-
     Connection connect(std::function<void(const Args&...)> slot)
     {
-        return Connection(m_signal->connect(std::move(slot)));
+        return m_listeners.connect([slot = std::move(slot)](const void* told) {
+            std::apply(slot, *static_cast<const Told*>(told));
+        });
     }
 
     void operator()(const Args&... args) const
     {
-        const auto kept = m_signal; // a slot may destroy us
-        (*kept)(args...);
+        const Told told(args...);
+        m_listeners.tell(&told);
     }
 
 private:
-    // One thread (see MainLoop), so the mutex that costs nothing.
-    using Keywords = boost::signals2::signal_type<void(const Args&...),
-        boost::signals2::keywords::mutex_type<boost::signals2::dummy_mutex>>;
-    std::shared_ptr<typename Keywords::type> m_signal = std::make_shared<typename Keywords::type>();
+    using Told = std::tuple<const Args&...>;
+
+    Listeners m_listeners;
 };
 
 /// A value that tells of its changes; setting it to what it already is tells nobody. A slot must
