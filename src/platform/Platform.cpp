@@ -42,6 +42,8 @@ Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow
         m_lastPressTime = m_hotkeyGrabber.lastPressTime();
         m_focus.keyIsOurs();
     }))
+    , m_buttonPressed(m_rawInput.buttonPressed.connect(
+          [this](const ButtonPress& press) { m_focus.pressedAt(press.time); }))
 {
 }
 

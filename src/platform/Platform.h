@@ -72,6 +72,7 @@ private:
     // When the shortcut was pressed that the panel's next showing answers.
     xcb_timestamp_t m_lastPressTime = XCB_CURRENT_TIME;
     Connection m_hotkeyPressed;
+    Connection m_buttonPressed;
 };
 
 } // namespace korvane

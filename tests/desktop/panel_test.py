@@ -1,5 +1,8 @@
 """The panel: where it opens, what closes it, and the status item."""
 
+import os
+import signal
+
 from support.case import DesktopTest
 from support.display import Box
 from support.editors import Mousepad
@@ -134,6 +137,21 @@ class OpeningTest(DesktopTest):
         self.keys.click(*outside)
 
         self.korvane.wait_until_closed()
+        wait_for("the clicked window is in front", behind.is_in_front)
+
+    def test_what_was_clicked_has_the_keyboard_with_a_slow_window_manager_too(self):
+        behind, front = Mousepad(self.desk, name="behind"), Mousepad(self.desk, name="front")
+        self.start_korvane([clip("one")])
+        panel = self.korvane.open()
+        outside = self.point_in(self.screen.box(behind.window), besides=[self.screen.box(front.window), panel])
+        manager = self.desk.process(self.desk.kind)
+        self.addCleanup(os.kill, manager, signal.SIGCONT)
+
+        os.kill(manager, signal.SIGSTOP)
+        self.keys.click(*outside)
+        self.korvane.wait_until_closed()
+        os.kill(manager, signal.SIGCONT)
+
         wait_for("the clicked window is in front", behind.is_in_front)
 
     def point_in(self, box, besides):

@@ -132,6 +132,24 @@ bool X11Focus::takeKeyboard(xcb_window_t window, xcb_timestamp_t time)
     return give(window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME) && holder().window == window;
 }
 
+/// A click outside closes the panel, and the window manager gives the keyboard to what was clicked, as of the
+/// time of the click. The server passes that over if the keyboard was handed over later than that, so that a
+/// manager slower than we would have a window in front that is deaf. Given back as of before the click,
+/// the keyboard is the manager's to hand on.
+/// @param held  who has the keyboard now
+/// @return whether it has gone there
+bool X11Focus::giveBackTo(xcb_window_t window, xcb_window_t held)
+{
+    if (m_pressedAt != XCB_CURRENT_TIME) {
+        if (!give(window, XCB_INPUT_FOCUS_PARENT, m_pressedAt - 1))
+            return false;
+        // It was taken back from somebody after the press.
+        if (holder().window != held)
+            return true;
+    }
+    return give(window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME);
+}
+
 void X11Focus::giveBackKeyboard()
 {
     const auto before = std::exchange(m_before, {});
@@ -146,7 +164,7 @@ void X11Focus::giveBackKeyboard()
         holdPointerUntilGone(held);
     if (!before.isKnown || !isOurs)
         return;
-    if (give(before.window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME))
+    if (giveBackTo(before.window, now.window))
         return;
     // Whoever had it is gone or hidden. A manager that has chosen another window meanwhile believes
     // that this one has the keyboard, and would not hand it over again.

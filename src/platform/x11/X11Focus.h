@@ -38,6 +38,10 @@ public:
     /// before our window is hidden, or right after.
     void giveBackKeyboard();
 
+    /// The user has pressed a button of the pointer at this time of the server. The window manager may be about to
+    /// hand the keyboard to the window under it, as of that time; what we give back must not count as later.
+    void pressedAt(xcb_timestamp_t time) { m_pressedAt = time; }
+
     /// Who listens to the keyboard in our place now is we, for the shortcut: that is no going away.
     void keyIsOurs() { m_isLent = false; }
 
@@ -56,6 +60,7 @@ private:
     void activeWindowChanged();
     Holder holder();
     bool give(xcb_window_t window, std::uint8_t revertTo, xcb_timestamp_t time);
+    bool giveBackTo(xcb_window_t window, xcb_window_t held);
     void holdPointerUntilGone(xcb_window_t window);
     void letPointerGo();
 
@@ -64,6 +69,7 @@ private:
     std::function<bool(xcb_window_t)> m_isOwnWindow;
     xcb_atom_t m_activeWindow;
     Holder m_before;
+    xcb_timestamp_t m_pressedAt = XCB_CURRENT_TIME;
     xcb_window_t m_held = XCB_NONE;
     xcb_window_t m_next = XCB_NONE; // that is to have it, until it is active
     /// How often it was taken back from others since then.

@@ -38,8 +38,9 @@ X11OutsideClicks::~X11OutsideClicks()
 
 void X11OutsideClicks::watch()
 {
-    m_buttonPressed = m_rawInput.buttonPressed.connect([this](const std::uint32_t& button) {
-        if ((button == leftButton || button == rightButton) && !isPointerOverOwnWindow())
+    m_buttonPressed = m_rawInput.buttonPressed.connect([this](const ButtonPress& press) {
+        if ((press.button == leftButton || press.button == rightButton)
+            && !isPointerOverOwnWindow())
             pressed();
     });
     m_rawInput.tellButtons(true);

@@ -38,8 +38,9 @@ X11RawInput::X11RawInput(X11Connection& connection)
             }),
         m_connection.onGenericEvent(m_extension->majorOpcode, XCB_INPUT_RAW_BUTTON_PRESS,
             [this](const xcb_generic_event_t& event) {
-                buttonPressed(
-                    reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail);
+                const auto& press
+                    = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+                buttonPressed({ press.detail, press.time });
             }),
     };
 }

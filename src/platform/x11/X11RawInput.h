@@ -8,6 +8,13 @@
 
 namespace korvane {
 
+struct ButtonPress {
+    /// 1 is the left button and 3 the right one, before the user's mapping of buttons.
+    std::uint32_t button = 0;
+    /// The server's time of it.
+    xcb_timestamp_t time = XCB_CURRENT_TIME;
+};
+
 /// Every key press and button press on the desktop, whichever window it goes to and whoever holds a
 /// grab: the raw events of XInput 2. Nothing is taken from anyone by listening.
 ///
@@ -29,9 +36,8 @@ public:
 
     /// A key went down; repetitions of a held key are not told.
     Signal<xcb_keycode_t> keyPressed;
-    /// A button of the pointer went down; 1 is the left one and 3 the right one, before the user's
-    /// mapping of buttons.
-    Signal<std::uint32_t> buttonPressed;
+    /// A button of the pointer went down.
+    Signal<ButtonPress> buttonPressed;
 
 private:
     void select();

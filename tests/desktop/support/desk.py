@@ -50,8 +50,12 @@ class Desk:
 
     def server(self):
         """The process of the X server."""
+        return self.process("Xvfb")
+
+    def process(self, name):
+        """The process of a program of this desktop."""
         return next(process for process in map(int, filter(str.isdigit, os.listdir("/proc")))
-                    if name_of(process) == "Xvfb" and self.is_of_this_desktop(process))
+                    if name_of(process) == name and self.is_of_this_desktop(process))
 
     def is_of_this_desktop(self, process):
         mark = f"X11_DESKTOP_RUN={os.environ['X11_DESKTOP_RUN']}".encode()

@@ -2,6 +2,8 @@
 
 import time
 
+from Xlib import error
+
 # Long enough for a busy machine; a test that passes never comes near it.
 PATIENCE = 10.0
 
@@ -10,13 +12,21 @@ class NotObserved(AssertionError):
     """What should have been seen was not, until the deadline."""
 
 
+def asked(state):
+    """What the state is; none while a window goes that it is about to look at."""
+    try:
+        return state()
+    except (error.BadWindow, error.BadDrawable):
+        return None
+
+
 def wait_for(what, state, seconds=PATIENCE):
     """Asks `state` again and again until it answers something true, and returns that answer.
 
     `what` completes the sentence "not observed: …"; a callable is asked for it at the end."""
     deadline = time.monotonic() + seconds
     while True:
-        answer = state()
+        answer = asked(state)
         if answer:
             return answer
         if time.monotonic() > deadline:

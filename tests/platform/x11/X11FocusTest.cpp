@@ -2,6 +2,7 @@
 
 #include "X11Desk.h"
 #include "platform/x11/X11OutsideClicks.h"
+#include "platform/x11/X11RawInput.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +106,73 @@ namespace {
         f.focus.giveBackKeyboard();
 
         EXPECT_TRUE(f.editor.hasKeyboard());
+    }
+
+    struct ClickFixture : FocusFixture {
+        X11RawInput rawInput { connection };
+        ButtonPress press;
+        Connection pressed = rawInput.buttonPressed.connect([this](const ButtonPress& told) {
+            press = told;
+            focus.pressedAt(told.time);
+        });
+
+        /// A button was pressed some time after what had happened before.
+        bool hasPressed()
+        {
+            rawInput.tellButtons(true);
+            deliverEvents();
+            input.movePointer(150, 150); // over the panel, where the real manager leaves it alone
+            const auto before = serverTime();
+            return waitUntil([&] {
+                input.click(1);
+                deliverEvents();
+                return press.time > before + 1;
+            });
+        }
+        xcb_timestamp_t serverTime()
+        {
+            press = {};
+            input.click(1);
+            waitUntil([this] { return press.button == 1; });
+            return press.time;
+        }
+        void giveAsOfThePress(const TestWindow& window)
+        {
+            xcb_set_input_focus(
+                otherProgram.get(), XCB_INPUT_FOCUS_PARENT, window.id(), press.time);
+            otherProgram.sync();
+            deliverEvents();
+        }
+    };
+
+    TEST(X11FocusTest, AManagerThatAnswersAClickLaterThanWeGivesTheKeyboardToWhatWasClicked)
+    {
+        ClickFixture f;
+        TestWindow clicked(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(clicked));
+        ASSERT_TRUE(f.panelHasTakenIt());
+        ASSERT_TRUE(f.hasPressed());
+
+        f.focus.giveBackKeyboard();
+        EXPECT_TRUE(f.editor.hasKeyboard());
+        f.giveAsOfThePress(clicked);
+
+        EXPECT_TRUE(clicked.hasKeyboard());
+    }
+
+    TEST(X11FocusTest, AManagerThatAnswersAClickSoonerThanWeGivesTheKeyboardToWhatWasClicked)
+    {
+        ClickFixture f;
+        TestWindow clicked(f.otherProgram);
+        ASSERT_TRUE(f.bringToFront(clicked));
+        ASSERT_TRUE(f.panelHasTakenIt());
+        ASSERT_TRUE(f.hasPressed());
+
+        f.giveAsOfThePress(clicked);
+        EXPECT_TRUE(f.panel.hasKeyboard()); // it is still open
+        f.focus.giveBackKeyboard();
+
+        EXPECT_TRUE(clicked.hasKeyboard());
     }
 
     TEST(X11FocusTest, WhatAnotherWindowTakesByItselfIsTakenBack)
