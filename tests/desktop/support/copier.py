@@ -2,8 +2,8 @@
 """Copies quickly: `copier.py COUNT MILLISECONDS WORD PID…` takes the clipboard anew COUNT times, with the
 texts "WORD 0", "WORD 1" and so on, and gives each to whoever asks while it is there. Between two copies
 lie the milliseconds, and as much more as the processes, or this one, have meanwhile waited for the
-processor: others on the machine do not make the pace any faster for them. At the end it prints the average
-without that, and serves the last text until it is ended."""
+processor, or the processes for the disk: others on the machine do not make the pace any faster for them. At the
+end it prints the average without that, and serves the last text until it is ended."""
 
 import os
 import pathlib
@@ -26,6 +26,7 @@ class Copier:
     def __init__(self, processes):
         self.waits = ProcessorWaits(os.getpid(), *processes)
         self.others = ProcessorWaits(*processes)
+        self.waited_for_disk = 0
         self.display = display.Display()
         self.window = self.display.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         self.selection, self.targets, self.utf8 = map(self.display.get_atom, ("CLIPBOARD", "TARGETS", "UTF8_STRING"))
@@ -33,7 +34,7 @@ class Copier:
 
     def now(self):
         """Milliseconds of which the others had their share."""
-        return time.monotonic() * 1000 - self.waits.total()
+        return time.monotonic() * 1000 - self.waits.total() - self.waited_for_disk
 
     def copy(self, text):
         self.text = text.encode()
@@ -49,14 +50,18 @@ class Copier:
             select.select([self.display.fileno()], [], [], min(left / 1000, 1))
 
     def are_others_waiting(self):
-        """Whether a thread is ready to run and has had no turn for the last milliseconds: what it waits is
-        counted only once it runs."""
-        before = self.others.ready()
+        """Whether a thread is ready to run, or waits for the disk, and has run for less than half of the last
+        milliseconds. What it waits for the processor is counted by the kernel once it runs; for the disk, here."""
+        before = self.others.held_up()
         if not before:
             return False
-        self.serve_until(self.now() + TICK)
-        after = self.others.ready()
-        return any(after.get(thread) == ran for thread, ran in before.items())
+        began = self.now()
+        self.serve_until(began + TICK)
+        after = self.others.held_up()
+        still = [thread for thread, (_, ran) in before.items() if thread in after and after[thread][1] - ran < TICK / 2]
+        if any(before[thread][0] == after[thread][0] == "D" for thread in still):
+            self.waited_for_disk += self.now() - began
+        return bool(still)
 
     def answer(self, request):
         place = request.property or request.target

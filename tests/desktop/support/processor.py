@@ -17,13 +17,15 @@ def waited(process):
     return nanoseconds / 1e6
 
 
-def ready(process):
-    """The threads that run or are ready to, and for how long each has run so far, in nanoseconds."""
+def held_up(process):
+    """The threads that run or are ready to (R), or wait for the disk (D): their state, and for how long each has
+    run so far, in milliseconds."""
     found = {}
     for thread in threads(process):
         with contextlib.suppress(OSError):
-            if (thread / "stat").read_text().rpartition(")")[2].split()[0] == "R":
-                found[thread] = int((thread / "schedstat").read_text().split()[0])
+            state = (thread / "stat").read_text().rpartition(")")[2].split()[0]
+            if state in ("R", "D"):
+                found[thread] = state, int((thread / "schedstat").read_text().split()[0]) / 1e6
     return found
 
 
@@ -36,5 +38,5 @@ class ProcessorWaits:
     def total(self):
         return sum(map(waited, self.processes))
 
-    def ready(self):
-        return {thread: ran for process in self.processes for thread, ran in ready(process).items()}
+    def held_up(self):
+        return {thread: state for process in self.processes for thread, state in held_up(process).items()}
