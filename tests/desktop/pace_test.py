@@ -20,25 +20,30 @@ def mixed_text(number, size):
 
 class PaceTest(DesktopTest):
     def expect_all_captured(self, milliseconds):
-        """Three bursts, each of fifty copies at this pace."""
-        for word in ("first", "second", "third"):
-            self.copy_quickly(word, milliseconds)
-            wanted = [f"{word} {number}" for number in reversed(range(COUNT))]
+        """Three bursts, each of fifty copies at this pace. On a machine that had no time for the pace, a burst is
+        captured all the same, and does not count."""
+        counted, bursts = 0, 0
+        while counted < 3:
+            self.assertLess(bursts, 10, "the machine has had no time for this pace")
+            average = self.copy_quickly(f"{bursts}. copy", milliseconds)
+            wanted = [f"{bursts}. copy {number}" for number in reversed(range(COUNT))]
             missing = lambda: sorted(set(wanted) - set(self.history.texts()[:COUNT]))
             wait_for(lambda: f"fifty clips in order; missing are {missing()}",
                      lambda: self.history.texts()[:COUNT] == wanted)
+            bursts += 1
+            counted += average < milliseconds * 1.25
 
     def copy_quickly(self, word, milliseconds):
+        """Fifty copies; the average of the milliseconds between them, which are never fewer."""
         path = self.desk.folder / "copier.py.log"
         path.unlink(missing_ok=True)
         copier = Program(self.desk, [COPIER, str(COUNT), str(milliseconds), word,
                                      str(self.korvane.process.pid), str(self.desk.server())])
         said = lambda: path.exists() and path.read_text()
         average = float(wait_for("all is copied", said, 60))
-        # It was the pace that was wanted, neither faster nor much slower.
         self.assertGreaterEqual(average, milliseconds)
-        self.assertLess(average, milliseconds * 1.25)
         self.addCleanup(copier.end)
+        return average
 
     def test_fifty_copies_twenty_milliseconds_apart_are_fifty_clips(self):
         self.start_korvane([clip(f"old {number}") for number in range(500)])
