@@ -54,7 +54,7 @@ class ChevronTest(DesktopTest):
         wait_for("the list moves", lambda: self.parts.look() != before)
         self.wait_until_at_rest()
 
-        self.assertEqual(self.parts.chevrons(), "up")
+        wait_for("the lower chevron has gone", lambda: self.parts.chevrons() == "up")
         self.expect_rest()
         most = 25 * 50 - 2 + 8 - self.parts.list.height
         self.assertIn(shift(before, self.parts.look()), range(most - 3, most + 1))

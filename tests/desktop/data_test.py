@@ -168,8 +168,13 @@ class DataTest(SettingsTest):
     def test_a_question_of_the_settings_stays_when_the_panel_goes(self):
         self.start_at_data(clip("one"))
         box = self.korvane.box()
-        self.keys.click(box.x + 100, box.y + 60)  # the search
-        wait_for("the panel has the keyboard", self.korvane.has_keyboard)
+
+        def go_to_search():
+            # Once more where the window, which has only just come, is given the keyboard again.
+            self.keys.click(box.x + 100, box.y + 60)
+            return self.korvane.has_keyboard()
+
+        wait_for("the panel has the keyboard", go_to_search)
 
         self.click("Clear history")
         wait_for("the question", lambda: self.named("Clear all"))

@@ -2,8 +2,11 @@
 
 import subprocess
 
+from Xlib import X
 from Xlib.display import Display
 from Xlib.ext import xfixes
+
+from support.waiting import wait_for
 
 
 class Clipboard:
@@ -29,8 +32,16 @@ class Clipboard:
     def set(self, text, selection="clipboard"):
         """Puts bytes or a text on the clipboard; xclip goes on serving it behind our back."""
         data = text.encode() if isinstance(text, str) else text
+        before = self.owner(selection)
         subprocess.run(["xclip", "-selection", selection, "-i"], input=data, check=True, timeout=20,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # It ends before the one that goes on behind our back has said so to the server.
+        wait_for("xclip owns the selection", lambda: self.owner(selection) not in (before, X.NONE))
+
+    def owner(self, selection):
+        """The number of the window that owns a selection."""
+        owner = self.display.get_selection_owner(self.display.get_atom(selection.upper()))
+        return owner if owner == X.NONE else owner.id
 
     def get(self, selection="clipboard", target="UTF8_STRING", seconds=10):
         """What is on the clipboard, as bytes; empty when it has no owner, or no such target."""

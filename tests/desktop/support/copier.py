@@ -43,18 +43,27 @@ class Copier:
 
     def serve_until(self, deadline):
         while (left := deadline - self.now()) > 0:
-            while self.display.pending_events():
-                happened = self.display.next_event()
-                if happened.type == X.SelectionRequest:
-                    self.answer(happened)
+            self.serve()
             select.select([self.display.fileno()], [], [], min(left / 1000, 1))
+
+    def serve(self):
+        """Answers who has asked until now; whether anybody had."""
+        asked = False
+        while self.display.pending_events():
+            happened = self.display.next_event()
+            if happened.type == X.SelectionRequest:
+                self.answer(happened)
+                asked = True
+        return asked
 
     def are_others_waiting(self):
         """Whether a thread is ready to run, or waits for the disk, and has run for less than half of the last
         milliseconds. What it waits for the processor is counted by the kernel once it runs; for the disk, here."""
+        if self.serve():
+            return True
         before = self.others.held_up()
         if not before:
-            return False
+            return self.serve()
         began = self.now()
         self.serve_until(began + TICK)
         after = self.others.held_up()
