@@ -71,7 +71,7 @@ class ChevronTest(DesktopTest):
         wait_for("the list moves", lambda: self.parts.look() != scrolled)
         self.wait_until_at_rest()
 
-        self.assertEqual(self.parts.chevrons(), "down")
+        wait_for("the upper chevron has gone", lambda: self.parts.chevrons() == "down")
         self.assertIn(shift(before, self.parts.look()), range(4))
 
     def test_leaving_it_stops_the_list(self):
