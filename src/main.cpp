@@ -5,6 +5,7 @@
 #include "app/view/ApplicationTheme.h"
 #include "app/view/ClipPreviewWindow.h"
 #include "app/view/FileDialogWindows.h"
+#include "app/view/KeyParent.h"
 #include "app/view/PanelWindow.h"
 #include "app/view/SettingsWindow.h"
 #include "app/view/TrayItem.h"
@@ -13,6 +14,7 @@
 #include "platform/Instance.h"
 #include "platform/Platform.h"
 #include "platform/TerminationSignals.h"
+#include "platform/qt/PortalFileDialogs.h"
 #include "platform/qt/PortalSettings.h"
 #include "platform/qt/QtDocumentFetcher.h"
 #include "platform/qt/QtMainLoop.h"
@@ -127,7 +129,9 @@ namespace {
             , m_loginItem(folders.configHome / "autostart" / (std::string(folderName) + ".desktop"),
                   QCoreApplication::applicationFilePath().toStdString())
             , m_theme(m_portal.isDark(), m_portal.isAnimated())
-            , m_fileDialogs(textReader(m_platform.pasteboard()))
+            , m_ownFileDialogs(textReader(m_platform.pasteboard()))
+            , m_fileDialogs(QDBusConnection::sessionBus(), m_loop, m_log, m_ownFileDialogs,
+                  keyParent, firstFolder())
             , m_screens(
                   m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
             , m_app(ports(), folders.dataHome / folderName)
@@ -237,7 +241,8 @@ namespace {
         PortalSettings m_portal;
         ApplicationTheme m_theme;
         AlertBoxes m_alerts;
-        FileDialogWindows m_fileDialogs;
+        FileDialogWindows m_ownFileDialogs; // where the desktop has none
+        PortalFileDialogs m_fileDialogs;
         TrayItem m_tray;
         TrayScreens m_screens;
         AppDelegate m_app;

@@ -15,8 +15,8 @@ public:
 
     using Answer = std::function<void(std::optional<std::filesystem::path>)>;
 
-    /// Where a new file shall be. The user is not asked about a file that is there already, as it
-    /// will not be replaced.
+    /// Where a new file shall be. A file that is there already will not be replaced; the user is not
+    /// asked about it, unless the desktop's own dialog does so by itself.
     /// @param proposedName  stands in the dialog's field
     virtual void chooseNewFile(std::string_view proposedName, Answer answer) = 0;
     /// One file that exists.

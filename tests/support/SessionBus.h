@@ -29,8 +29,7 @@ public:
     {
         for (const auto& name : m_names)
             QDBusConnection::disconnectFromBus(name);
-        m_daemon.kill();
-        m_daemon.waitForFinished();
+        kill();
     }
     SessionBus(const SessionBus&) = delete;
     SessionBus& operator=(const SessionBus&) = delete;
@@ -39,6 +38,15 @@ public:
     {
         m_names.push_back(name);
         return QDBusConnection::connectToBus(m_address, name);
+    }
+
+    /// It answers nobody any more.
+    void hang() const { ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP); }
+    /// It ends under everyone who is connected.
+    void kill()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
     }
 
 private:

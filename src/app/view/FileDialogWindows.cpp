@@ -14,13 +14,6 @@ namespace korvane {
 
 namespace {
 
-    /// The toolkit would otherwise open in the folder that the program was started in.
-    QString firstFolder()
-    {
-        const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        return QFileInfo(documents).isDir() ? documents : QDir::homePath();
-    }
-
     std::filesystem::path pathOf(const QString& name)
     {
         return QFile::encodeName(name).toStdString(); // as the file system spells it
@@ -28,9 +21,15 @@ namespace {
 
 } // namespace
 
+std::filesystem::path firstFolder()
+{
+    const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return pathOf(QFileInfo(documents).isDir() ? documents : QDir::homePath());
+}
+
 FileDialogWindows::FileDialogWindows(TextReader clipboardText)
     : m_clipboardText(std::move(clipboardText))
-    , m_folder(std::make_shared<QString>(firstFolder()))
+    , m_folder(std::make_shared<QString>(QFile::decodeName(firstFolder().c_str())))
 {
 }
 

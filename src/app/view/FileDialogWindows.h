@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <memory>
 
 class QFileDialog;
@@ -12,8 +13,11 @@ class QWidget;
 
 namespace korvane {
 
-/// The toolkit's file dialogs: the desktop's own, by its portal too, where the toolkit's platform theme
-/// knows them. They open where the last one ended.
+/// Where the first file dialog opens: the user's documents, or the home. It would otherwise be the folder that
+/// the program was started in.
+std::filesystem::path firstFolder();
+
+/// The toolkit's file dialogs, for desktops without a portal. They open where the last one ended.
 class FileDialogWindows : public FileDialogs {
 public:
     /// @param clipboardText  what is pasted into a dialog

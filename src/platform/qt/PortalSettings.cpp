@@ -1,5 +1,7 @@
 #include "platform/qt/PortalSettings.h"
 
+#include "platform/qt/Portal.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -8,8 +10,6 @@ namespace korvane {
 
 namespace {
 
-    const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-    const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
     const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
     constexpr uint prefersDark = 1; // 0: no preference, 2: light
 
@@ -43,7 +43,7 @@ PortalSettings::PortalSettings(const QDBusConnection& bus, QObject* parent)
     auto connection = bus;
     if (!connection.isConnected())
         return;
-    connection.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+    connection.connect(portalService, portalPath, interface, QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     for (const auto& setting : { colourScheme(), animations(), animationDuration() })
         ask(connection, setting.space, setting.key);
@@ -51,8 +51,8 @@ PortalSettings::PortalSettings(const QDBusConnection& bus, QObject* parent)
 
 void PortalSettings::ask(QDBusConnection& connection, const QString& space, const QString& key)
 {
-    auto question
-        = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+    auto question = QDBusMessage::createMethodCall(
+        portalService, portalPath, interface, QStringLiteral("Read"));
     question << space << key;
     auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, space, key] {
