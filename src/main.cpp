@@ -140,6 +140,9 @@ namespace {
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
             m_connections.push_back(
                 m_platform.keyboardLeft().connect([this] { m_app.shell().hidePanel(); }));
+            // The panel would keep the keyboard from it.
+            m_connections.push_back(
+                m_fileDialogs.opening.connect([this] { m_app.shell().hidePanel(); }));
             m_connections.push_back(m_platform.connection().closed.connect(
                 [] { QCoreApplication::exit(EXIT_FAILURE); }));
         }

@@ -128,7 +128,7 @@ void PortalFileDialogs::ask(
         &m_requests);
     m_dialogs.emplace(number,
         Dialog { std::move(answer), std::move(askOthers), std::move(parent),
-            std::move(parentClosed), request });
+            std::move(parentClosed), request, request->taken.connect([this] { opening(); }) });
 }
 
 PortalFileDialogs::Dialog PortalFileDialogs::take(int number)

@@ -41,6 +41,9 @@ public:
     void chooseNewFile(std::string_view proposedName, Answer answer) override;
     void chooseFile(Answer answer) override;
 
+    /// A dialog of another program is about to come, to which the user will turn.
+    Signal<> opening;
+
 private:
     struct Dialog {
         Answer answer;
@@ -48,6 +51,7 @@ private:
         std::unique_ptr<ParentWindow> parent;
         Connection parentClosed;
         PortalRequest* request; // its own owner, until it has ended
+        Connection taken;
     };
 
     void ask(

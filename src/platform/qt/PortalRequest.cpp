@@ -18,6 +18,9 @@ namespace {
     const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
     constexpr uint accepted = 0; // 1: given up by the user, 2: ended in another way
 
+    constexpr int mostClosings = 10;
+    constexpr std::chrono::milliseconds betweenClosings { 500 };
+
     /// Where the portal puts the request, known before it has been asked: its answer may be there before
     /// the reply is.
     QString handleOf(const QDBusConnection& bus, const QString& token)
@@ -32,6 +35,7 @@ PortalRequest::PortalRequest(
     QDBusConnection bus, MainLoop& loop, const Question& question, Ended ended, QObject* parent)
     : QObject(parent)
     , m_bus(std::move(bus))
+    , m_loop(loop)
     , m_ended(std::move(ended))
     , m_owners(portalService, m_bus, QDBusServiceWatcher::WatchForOwnerChange)
     , m_patience(loop.after(
@@ -84,10 +88,10 @@ void PortalRequest::replied(const QDBusPendingCallWatcher& call)
     // Portals before 0.9 put it somewhere else.
     if (reply.value().path() != m_handle)
         listenTo(reply.value().path());
-    if (!m_ended) {
+    if (m_ended)
+        taken();
+    else
         close();
-        deleteLater();
-    }
 }
 
 void PortalRequest::responded(const QDBusMessage& message)
@@ -118,18 +122,24 @@ void PortalRequest::withdraw()
 {
     m_ended = nullptr;
     m_patience.stop();
-    if (m_isTaken) {
+    if (m_isTaken)
         close();
-        deleteLater();
-    }
 }
 
+/// A portal that is only just making the dialog may refuse (xdg-desktop-portal-gtk 1.14, a fifth of a second
+/// long), so it is asked again.
 void PortalRequest::close()
 {
     auto message = QDBusMessage::createMethodCall(
         portalService, m_handle, requestInterface, QStringLiteral("Close"));
     message.setAutoStartService(false);
-    m_bus.send(message);
+    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+        if (call->isError() && ++m_closings < mostClosings)
+            m_closeAgain = m_loop.after(betweenClosings, [this] { close(); });
+        else
+            deleteLater();
+    });
 }
 
 void PortalRequest::finish(End end, const QVariantMap& results, const QString& reason)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/MainLoop.h"
+#include "model/Signal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -47,6 +48,9 @@ public:
     PortalRequest(QDBusConnection bus, MainLoop& loop, const Question& question, Ended ended,
         QObject* parent);
 
+    /// The portal has taken the question on: its dialog is about to come.
+    Signal<> taken;
+
     /// Has the dialog closed, also one that comes only later. Nothing is told any more.
     void withdraw();
 
@@ -66,11 +70,14 @@ private: // NOLINT(readability-redundant-access-specifiers): the toolkit's own r
     void tell(End end, const QVariantMap& results, const QString& reason);
 
     QDBusConnection m_bus;
+    MainLoop& m_loop;
     Ended m_ended; // none when it has been told, or nobody wants to know
     QString m_handle;
     bool m_isTaken = false;       // the portal has taken the question on
     QDBusServiceWatcher m_owners; // of the portal's name
     Timer m_patience;
+    int m_closings = 0; // that have been refused
+    Timer m_closeAgain;
 };
 
 } // namespace korvane

@@ -1,84 +1,19 @@
 #include "platform/qt/PortalFileDialogs.h"
 
-#include "platform/qt/ScriptedPortal.h"
-#include "settings/ParentWindow.h"
-#include "support/FakeFileDialogs.h"
-#include "support/ManualLoop.h"
-#include "support/RecordingLog.h"
-#include "support/SessionBus.h"
+#include "platform/qt/PortalDialogsFixture.h"
 
-#include <chrono>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace korvane {
 namespace {
 
     namespace fs = std::filesystem;
-    using namespace std::chrono_literals;
-    using test::ScriptedPortal;
     using test::waitUntil;
-    using Manner = ScriptedPortal::Manner;
+    using DialogsFixture = test::PortalDialogsFixture;
     using Lines = std::vector<std::string>;
     using Chosen = std::vector<std::optional<fs::path>>;
-
-    class FakeParent : public ParentWindow {
-    public:
-        explicit FakeParent(FakeParent*& open)
-            : m_open(open)
-        {
-            m_open = this;
-        }
-        ~FakeParent() override { m_open = nullptr; }
-        FakeParent(const FakeParent&) = delete;
-        FakeParent& operator=(const FakeParent&) = delete;
-
-        std::string identifier() const override { return "x11:2a00007"; }
-
-    private:
-        FakeParent*& m_open;
-    };
-
-    struct DialogsFixture {
-        explicit DialogsFixture(Manner manner = Manner::takesOn)
-        {
-            portal.emplace(bus.connection("portal"), manner);
-        }
-
-        FileDialogs::Answer answer()
-        {
-            return [this](std::optional<fs::path> path) { chosen.push_back(std::move(path)); };
-        }
-        /// Waits for the dialog, and has the user choose in it.
-        void choose(const QString& uri)
-        {
-            const auto before = chosen.size();
-            const auto number = portal->questions.size();
-            dialogs->chooseFile(answer());
-            ASSERT_TRUE(portal->isAsked(number + 1));
-            portal->choose(uri, number);
-            ASSERT_TRUE(waitUntil([&] { return chosen.size() > before; }));
-        }
-        bool isAnswered(std::size_t times = 1)
-        {
-            return waitUntil([this, times] { return chosen.size() >= times; });
-        }
-
-        test::SessionBus bus;
-        test::ManualLoop loop;
-        test::RecordingLog log;
-        test::FakeFileDialogs others;
-        std::optional<ScriptedPortal> portal;
-        FakeParent* parent = nullptr; // while a dialog stands over it
-        bool hasWindow = true;
-        Chosen chosen;
-        std::optional<PortalFileDialogs> dialogs { std::in_place, bus.connection("korvane"), loop,
-            log, others,
-            [this] { return hasWindow ? std::make_unique<FakeParent>(parent) : nullptr; },
-            "/tmp/Eigene Übungen\xff" };
-    };
 
     /// The bytes of a text with the zero that ends them.
     QByteArray withZero(const char* text)
@@ -252,6 +187,19 @@ namespace {
         EXPECT_EQ(f.chosen, Chosen { "/tmp/first" });
     }
 
+    TEST(PortalFileDialogsTest, ADialogThatIsAboutToComeIsTold)
+    {
+        DialogsFixture f;
+        int openings = 0;
+        const auto listening = f.dialogs->opening.connect([&] { ++openings; });
+
+        f.dialogs->chooseFile(f.answer());
+        EXPECT_EQ(openings, 0);
+
+        EXPECT_TRUE(waitUntil([&] { return openings == 1; }));
+        EXPECT_TRUE(f.chosen.empty());
+    }
+
     TEST(PortalFileDialogsTest, AWindowThatIsClosedTakesItsDialogAlong)
     {
         DialogsFixture f;
@@ -278,106 +226,6 @@ namespace {
         f.choose("file:///tmp/next.json"); // behind which all else has arrived
 
         EXPECT_EQ(f.chosen, (Chosen { std::nullopt, "/tmp/next.json" }));
-    }
-
-    TEST(PortalFileDialogsTest, WithoutAPortalTheOthersServe)
-    {
-        DialogsFixture f;
-        f.portal.reset();
-        QDBusConnection::disconnectFromBus("portal");
-
-        f.dialogs->chooseNewFile("new.json", f.answer());
-
-        ASSERT_TRUE(waitUntil([&] { return f.others.isOpen(); }));
-        EXPECT_EQ(f.others.proposed, Lines { "new.json" });
-        EXPECT_EQ(f.parent, nullptr);
-        EXPECT_TRUE(f.chosen.empty());
-        f.others.choose("/tmp/new.json");
-        EXPECT_EQ(f.chosen, Chosen { "/tmp/new.json" });
-    }
-
-    TEST(PortalFileDialogsTest, WithoutABusTheOthersServe)
-    {
-        test::ManualLoop loop;
-        test::RecordingLog log;
-        test::FakeFileDialogs others;
-        PortalFileDialogs dialogs(
-            QDBusConnection("nobody"), loop, log, others, [] { return nullptr; }, "/tmp");
-
-        dialogs.chooseFile([](auto) {});
-
-        EXPECT_EQ(others.openings, 1);
-    }
-
-    TEST(PortalFileDialogsTest, WhereThePortalRefusesTheOthersServeAndTheReasonIsLogged)
-    {
-        DialogsFixture f(Manner::refuses);
-
-        f.dialogs->chooseFile(f.answer());
-
-        ASSERT_TRUE(waitUntil([&] { return f.others.isOpen(); }));
-        EXPECT_EQ(f.log.lines,
-            Lines { "Korvane: the desktop's portal shows no file dialog: "
-                    "org.freedesktop.DBus.Error.UnknownMethod" });
-        f.others.giveUp();
-        EXPECT_EQ(f.chosen, Chosen { std::nullopt });
-    }
-
-    TEST(PortalFileDialogsTest, WhereThePortalIsSilentTheOthersServeAfterThreeSeconds)
-    {
-        DialogsFixture f(Manner::keepsSilent);
-        f.dialogs->chooseFile(f.answer());
-        ASSERT_TRUE(f.portal->isAsked());
-
-        f.loop.advance(2999ms);
-        EXPECT_EQ(f.others.openings, 0);
-        f.loop.advance(1ms);
-
-        EXPECT_EQ(f.others.openings, 1);
-        EXPECT_EQ(f.log.lines,
-            Lines { "Korvane: the desktop's portal shows no file dialog: it does not answer" });
-    }
-
-    TEST(PortalFileDialogsTest, ABusThatHangsHoldsNothingUp)
-    {
-        DialogsFixture f;
-        f.bus.hang();
-        const auto began = std::chrono::steady_clock::now();
-
-        f.dialogs->chooseFile(f.answer());
-        f.loop.advance(3s);
-
-        EXPECT_EQ(f.others.openings, 1);
-        EXPECT_LT(std::chrono::steady_clock::now() - began, 5s); // the toolkit waits for 25
-    }
-
-    TEST(PortalFileDialogsTest, ADialogThatComesTooLateGoesAndTheOthersAnswer)
-    {
-        DialogsFixture f(Manner::keepsSilent);
-        f.dialogs->chooseFile(f.answer());
-        ASSERT_TRUE(f.portal->isAsked());
-        f.loop.advance(3s);
-
-        f.portal->takeOn(0);
-        EXPECT_TRUE(
-            waitUntil([&] { return f.portal->closed == QStringList { f.portal->handle() }; }));
-        EXPECT_TRUE(f.chosen.empty());
-        f.others.choose("/tmp/a.json");
-
-        EXPECT_EQ(f.chosen, Chosen { "/tmp/a.json" });
-    }
-
-    TEST(PortalFileDialogsTest, AWindowThatIsClosedBeforeThePortalAnswersHasNoDialogLater)
-    {
-        DialogsFixture f(Manner::keepsSilent);
-        f.dialogs->chooseFile(f.answer());
-        ASSERT_TRUE(f.portal->isAsked());
-
-        f.parent->closed();
-        f.loop.advance(1h);
-
-        EXPECT_EQ(f.chosen, Chosen { std::nullopt });
-        EXPECT_EQ(f.others.openings, 0);
     }
 
     TEST(PortalFileDialogsTest, ADialogWhosePortalGoesIsNoneAndLogged)

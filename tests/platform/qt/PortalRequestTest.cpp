@@ -275,6 +275,39 @@ namespace {
         EXPECT_TRUE(f.ends.empty());
     }
 
+    TEST(PortalRequestTest, APortalThatCannotCloseItsDialogYetIsAskedAgain)
+    {
+        RequestFixture f;
+        ASSERT_TRUE(f.isTakenOn());
+        f.portal->refusedClosings = 2;
+
+        f.request->withdraw();
+        for (int again = 0; again < 2; ++again) {
+            ASSERT_TRUE(waitUntil([&] { return f.loop.pendingTimers() == 1; }));
+            EXPECT_TRUE(f.portal->closed.empty());
+            f.loop.advance(500ms);
+        }
+
+        EXPECT_TRUE(f.isClosed());
+        EXPECT_TRUE(f.isDeleted());
+    }
+
+    TEST(PortalRequestTest, APortalThatNeverClosesItsDialogIsLeftAloneInTheEnd)
+    {
+        RequestFixture f;
+        ASSERT_TRUE(f.isTakenOn());
+        f.portal->refusedClosings = 1000;
+
+        f.request->withdraw();
+        for (int again = 0; again < 9; ++again) {
+            ASSERT_TRUE(waitUntil([&] { return f.loop.pendingTimers() == 1; }));
+            f.loop.advance(500ms);
+        }
+
+        EXPECT_TRUE(f.isDeleted());
+        EXPECT_EQ(f.portal->refusedClosings, 990);
+    }
+
     TEST(PortalRequestTest, ADialogThatIsWithdrawnBeforeItIsThereIsClosedWhenItComes)
     {
         RequestFixture f(Manner::keepsSilent);

@@ -35,7 +35,14 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
     {
         if (message.interface() == requestInterface && message.member() == "Close") {
+            if (refusedClosings > 0) {
+                --refusedClosings;
+                m_bus.send(message.createErrorReply(
+                    "org.freedesktop.DBus.Error.UnknownMethod", "No such object"));
+                return true;
+            }
             closed.push_back(message.path());
+            m_bus.send(message.createReply());
             return true;
         }
         questions.push_back(message);
@@ -90,7 +97,8 @@ public:
     void vanish() { m_bus.unregisterService(name); }
 
     std::vector<QDBusMessage> questions;
-    QStringList closed; // the dialogs that it has been asked to close
+    QStringList closed;      // the dialogs that it has been asked to close, and has
+    int refusedClosings = 0; // that are still to come
 
 private:
     static constexpr auto name = "org.freedesktop.portal.Desktop";
