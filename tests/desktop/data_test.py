@@ -6,47 +6,16 @@ import pathlib
 import sys
 import time
 
+from support.data_page import DataPageTest, captured
 from support.history import clip
 from support.panel_parts import GEAR, PanelParts
 from support.programs import Program
-from support.settings import SettingsTest
 from support.waiting import wait_for
 
 OWNER = str(pathlib.Path(__file__).with_name("support") / "owner.py")
 
 
-def captured(text, day, **fields):
-    return clip(text, createdAt=f"2024-05-{day:02}T12:00:00Z", **fields)
-
-
-class DataTest(SettingsTest):
-    def start(self, *clips, **preferences):
-        """Korvane with its settings open."""
-        self.temporary = self.desk.folder / "temporary"
-        self.temporary.mkdir()
-        self.reader.listen()
-        self.start_korvane(list(clips), environment={"TMPDIR": str(self.temporary)}, **preferences)
-        parts = PanelParts(self.screen, self.korvane.open())
-        self.keys.click(*parts.button(GEAR))
-        self.wait_until_shown()
-
-    def start_at_data(self, *clips, **preferences):
-        self.start(*clips, **preferences)
-        for _ in range(3):
-            self.keys.press("Control_L", "Tab")
-        wait_for("the Data page", lambda: self.named("Statistics"))
-
-    def named(self, name, role=None):
-        """The element of that name that can be seen; None where there is none."""
-        self.reader.turn()
-        program = self.reader.program(self.korvane.process.pid)
-        return next((each for each in program.descendants()
-                     if each.name == name and role in (None, each.role) and "showing" in each.states()), None)
-
-    def press(self, name):
-        """Presses a button, of the page or of a question, when it is there."""
-        wait_for(f"the button {name!r}", lambda: self.named(name, "button") or self.named(name, "push button")).act("Press")
-
+class DataTest(DataPageTest):
     def numbers(self):
         self.reader.turn()
         labels = [each.name for each in self.window.descendants() if each.role == "label" and "showing" in each.states()]
@@ -55,18 +24,6 @@ class DataTest(SettingsTest):
     def expect_numbers(self, total, pinned):
         wait_for(lambda: f"{total} clips, {pinned} pinned; it says {self.numbers()}",
                  lambda: self.numbers() == (str(total), str(pinned)))
-
-    def has_keyboard(self, title):
-        found = self.screen.find("korvane", title=title)
-        return bool(found) and self.screen.has_keyboard(found[0])
-
-    def answer_dialog(self, title, path):
-        """Writes a path into a file dialog of the toolkit's."""
-        wait_for(f"the dialog {title!r} has the keyboard", lambda: self.has_keyboard(title))
-        self.keys.press("Control_L", "a")
-        self.keys.type(str(path))
-        self.keys.press("Return")
-        wait_for("the dialog is gone", lambda: not self.screen.find("korvane", title=title))
 
     def enter(self, label, number):
         """Types a number into the field of a limit."""
@@ -167,14 +124,7 @@ class DataTest(SettingsTest):
 
     def test_a_question_of_the_settings_stays_when_the_panel_goes(self):
         self.start_at_data(clip("one"))
-        box = self.korvane.box()
-
-        def go_to_search():
-            # Once more where the window, which has only just come, is given the keyboard again.
-            self.keys.click(box.x + 100, box.y + 60)
-            return self.korvane.has_keyboard()
-
-        wait_for("the panel has the keyboard", go_to_search)
+        self.go_back_to_panel()
 
         self.click("Clear history")
         wait_for("the question", lambda: self.named("Clear all"))

@@ -168,6 +168,13 @@ class Screen:
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.flush()
 
+    def close(self, window):
+        """Asks the window manager to have it closed, as a task bar does."""
+        message = event.ClientMessage(window=window, client_type=self.atom("_NET_CLOSE_WINDOW"),
+                                      data=(32, [self.server_time(), 2, 0, 0, 0]))
+        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.flush()
+
     def is_in_front(self, window):
         return self.active() == window.id and self.has_keyboard(window)
 

@@ -11,7 +11,8 @@ from support.waiting import NotObserved, wait_for
 XK.load_keysym_group("xf86")
 XK.load_keysym_group("xkb")
 # How characters that are no names of keys are called.
-NAMES = {" ": "space", "\n": "Return", "-": "minus", ".": "period", "/": "slash", "@": "at", ":": "colon", "_": "underscore"}
+NAMES = {" ": "space", "\n": "Return", "-": "minus", ".": "period", "/": "slash", "@": "at", ":": "colon", "_": "underscore",
+         "%": "percent"}
 
 
 class Keys:
