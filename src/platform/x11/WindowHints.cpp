@@ -1,13 +1,12 @@
 #include "platform/x11/WindowHints.h"
 
 #include "model/Text.h"
+#include "platform/ApplicationNames.h"
 #include "platform/x11/X11Connection.h"
 
 #include <array>
 #include <cstring>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
 #include <unistd.h>
 
@@ -62,19 +61,6 @@ namespace {
         return ::gethostname(name.data(), name.size() - 1) == 0 && machine == name.data();
     }
 
-    std::string executableOf(std::uint32_t process)
-    {
-        std::error_code error; // another user's program, or one that has ended: not told
-        const auto file
-            = std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", error);
-        auto name = file.filename().string();
-        // A program that was upgraded while it runs.
-        constexpr std::string_view mark = " (deleted)";
-        if (name.ends_with(mark))
-            name.resize(name.size() - mark.size());
-        return name;
-    }
-
 } // namespace
 
 std::optional<WindowHints> readWindowHints(X11Connection& connection, xcb_window_t window)
@@ -103,7 +89,7 @@ std::optional<WindowHints> readWindowHints(X11Connection& connection, xcb_window
     if (instance.size() < classBytes.size())
         hints.program.windowClass = olderTextOf(classBytes.substr(instance.size() + 1));
     if (numberOf(process) != 0 && isThisMachine(untilNul(bytesOf(machine))))
-        hints.program.executable = executableOf(numberOf(process));
+        hints.program.executable = programName(numberOf(process));
     hints.title = textOf(bytesOf(title));
     if (hints.title.empty())
         hints.title = olderTextOf(bytesOf(olderTitle));

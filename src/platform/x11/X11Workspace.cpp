@@ -1,13 +1,11 @@
 #include "platform/x11/X11Workspace.h"
 
-#include "platform/PasswordManagers.h"
+#include "platform/ApplicationNames.h"
 #include "platform/x11/FocusEvents.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/xdg/DesktopEntries.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
 #include <utility>
 
 namespace korvane {
@@ -16,41 +14,6 @@ namespace {
 
     // The number under which the errors of requests that await no answer come among the events.
     constexpr std::uint8_t errorEvent = 0;
-
-    // Terminals that are often installed without a desktop entry of theirs, by class.
-    constexpr auto terminalClasses = std::to_array<std::string_view>({ "Alacritty",
-        "Gnome-terminal", "Konsole", "Rxvt", "St", "Terminator", "URxvt", "UXTerm", "XTerm",
-        "Xfce4-terminal", "foot", "kitty", "konsole", "org.wezfurlong.wezterm", "st-256color" });
-
-    // Not only the name that was found counts: a password manager that was packaged under another
-    // identifier, or has no entry at all, is still known by the others.
-    std::optional<std::string_view> passwordManager(
-        const ProgramHints& program, const std::optional<DesktopEntry>& entry)
-    {
-        const auto names = std::to_array<std::string_view>(
-            { entry ? std::string_view(entry->id) : std::string_view(), program.desktopFile,
-                program.applicationId, program.windowClass, program.windowInstance,
-                program.executable });
-        for (const auto name : names)
-            if (const auto identifier = passwordManagerIdentifier(name))
-                return identifier;
-        return std::nullopt;
-    }
-
-    // By custom a title ends with the program's name: "letter.txt - Editor".
-    std::string programInTitle(std::string_view title)
-    {
-        std::size_t start = 0;
-        for (const std::string_view dash : { " - ", " – ", " — " })
-            if (const auto at = title.rfind(dash); at != std::string_view::npos)
-                start = std::max(start, at + dash.size());
-        return std::string(title.substr(start));
-    }
-
-    std::optional<std::string> unlessEmpty(std::string text)
-    {
-        return text.empty() ? std::nullopt : std::optional(std::move(text));
-    }
 
 } // namespace
 
@@ -212,16 +175,9 @@ std::optional<RunningApplication> X11Workspace::frontmost()
     if (inFront == nullptr)
         return std::nullopt;
 
-    const auto& program = inFront->program;
-    const auto entry = m_entries.find(program);
+    application
+        = applicationBehind(inFront->program, m_entries.find(inFront->program), inFront->title);
     application.window = m_front->window;
-    if (const auto known = passwordManager(program, entry))
-        application.bundleIdentifier = *known;
-    else
-        application.bundleIdentifier = unlessEmpty(entry ? entry->id : program.windowClass);
-    application.localizedName = unlessEmpty(entry ? entry->name : program.windowClass);
-    if (!application.localizedName)
-        application.localizedName = unlessEmpty(programInTitle(inFront->title));
     return application;
 }
 
@@ -255,10 +211,7 @@ bool X11Workspace::isTerminalInFront()
     const auto* inFront = frontHints();
     if (inFront == nullptr)
         return false;
-    const auto& program = inFront->program;
-    const auto entry = m_entries.find(program);
-    return (entry && entry->isTerminal)
-        || std::ranges::find(terminalClasses, program.windowClass) != terminalClasses.end();
+    return isTerminal(inFront->program, m_entries.find(inFront->program));
 }
 
 } // namespace korvane
