@@ -12,12 +12,12 @@ namespace korvane::test {
 
 /// How an owner hands out one type of its contents.
 enum class Delivery {
-    whole,         ///< In one property, however large.
+    whole,         ///< All at once, however large.
     refused,       ///< Offered, and then not given.
     never,         ///< Asked for it, it does not answer at all.
-    inPieces,      ///< By INCR.
-    stopsMidway,   ///< By INCR, and falls silent after the first half.
-    endless,       ///< By INCR, without an end.
+    inPieces,      ///< In pieces (on X11 by INCR).
+    stopsMidway,   ///< In pieces, and falls silent after the first half.
+    endless,       ///< In pieces, without an end.
     announcedOnly, ///< It says that it has delivered, and has not.
 };
 
@@ -26,22 +26,30 @@ struct Offer {
     std::string target;
     std::string bytes {};
     Delivery delivery = Delivery::whole;
-    /// Of INCR: the sizes of the pieces, one after the other and then again from the first.
+    /// Of pieces: the sizes of the pieces, one after the other and then again from the first.
     std::vector<std::size_t> pieces { 65'536 };
     /// Of INCR: the lower bound that it tells, truly or not.
     std::uint32_t announced = 0;
-    /// Of INCR: how long the owner, a slow program, dawdles before each piece.
+    /// Of pieces: how long the owner, a slow program, dawdles before each piece.
     std::chrono::milliseconds pause { 0 };
 };
 
 /// What an owner offers, and what it does when it is asked for the list of its types.
 struct OwnerScript {
     std::vector<Offer> offers;
-    Delivery targets = Delivery::whole;
+    Delivery targets = Delivery::whole; ///< X11 alone: elsewhere nobody asks for the list.
+    /// Has a window on the screen, as programs that a user works in do, with this class or application
+    /// identifier; empty: none. (On X11 the scripted owner never has one.)
+    std::string window {};
 };
 
-/// Another program that owns the CLIPBOARD selection: a process of its own, with its own connection
-/// to the X server, that does exactly what the script says. It ends with this object.
+/// The part of a `SelectionOwner` that runs in the other process, of the desktop that the test program is
+/// for. Commands come in as a letter, a size and so many bytes; what it is asked for goes out as lines, and
+/// "done" for each command. Serves until the other side closes the commands; the exit status.
+int runScriptedOwner(const OwnerScript& script, int commands, int reports);
+
+/// Another program that owns the clipboard: a process of its own, with its own connection to the desktop,
+/// that does exactly what the script says. It ends with this object.
 class SelectionOwner {
 public:
     /// Owns the selection when this returns.

@@ -30,8 +30,7 @@ bool CompositorServices::hasLayerShell() const
 
 bool CompositorServices::hasWindowList() const
 {
-    return offers("zwlr_foreign_toplevel_manager_v1")
-        || offers("org_kde_plasma_window_management");
+    return offers("zwlr_foreign_toplevel_manager_v1") || offers("org_kde_plasma_window_management");
 }
 
 bool CompositorServices::hasTyping() const

@@ -87,9 +87,8 @@ namespace {
             : m_offer(offer)
         {
             static constexpr typename Protocol::OfferListener listener {
-                .offer
-                = [](void* self, auto*,
-                      const char* type) { static_cast<OfferOver*>(self)->add(type); },
+                .offer = [](void* self, auto*,
+                             const char* type) { static_cast<OfferOver*>(self)->add(type); },
             };
             Protocol::listenToOffer(offer, &listener, this);
         }
@@ -217,8 +216,8 @@ namespace {
     std::unique_ptr<DataControl> openOver(
         WaylandConnection& connection, DataControl::Changed changed)
     {
-        auto* const manager = connection.bind<typename Protocol::Manager>(
-            *Protocol::manager, Protocol::version);
+        auto* const manager
+            = connection.bind<typename Protocol::Manager>(*Protocol::manager, Protocol::version);
         return std::make_unique<DataControlOver<Protocol>>(manager, connection, std::move(changed));
     }
 

@@ -67,7 +67,8 @@ OfferReader::OfferReader(WaylandConnection& connection, MainLoop& loop, DataOffe
         if (m_offer.has(type))
             m_textTypes.emplace_back(type);
     if (m_offer.has(hintType))
-        fetch(std::string(hintType), { maxHintBytes, TextJoiner::Repair::none }, &OfferReader::takeHint);
+        fetch(std::string(hintType), { maxHintBytes, TextJoiner::Repair::none },
+            &OfferReader::takeHint);
     else
         askForFiles();
 }
@@ -120,7 +121,8 @@ void OfferReader::takeHint(std::string bytes)
 void OfferReader::askForFiles()
 {
     if (m_offer.has(listType))
-        fetch(std::string(listType), { maxContentBytes, TextJoiner::Repair::none }, &OfferReader::takeFiles);
+        fetch(std::string(listType), { maxContentBytes, TextJoiner::Repair::none },
+            &OfferReader::takeFiles);
     else
         askForText();
 }

@@ -20,8 +20,7 @@ public:
     using Done = std::function<void()>;
 
     /// @param text  shared with whoever else it is written to: it may be large
-    PipeWriter(
-        MainLoop& loop, Descriptor pipe, std::shared_ptr<const std::string> text, Done done);
+    PipeWriter(MainLoop& loop, Descriptor pipe, std::shared_ptr<const std::string> text, Done done);
     PipeWriter(const PipeWriter&) = delete;
     PipeWriter& operator=(const PipeWriter&) = delete;
     ~PipeWriter() = default;

@@ -38,8 +38,7 @@ std::size_t unfinishedBytes(std::string_view utf8)
     return 0;
 }
 
-TextJoiner::TextJoiner(
-    MainLoop& loop, std::deque<std::string> pieces, Repair repair, Answer answer)
+TextJoiner::TextJoiner(MainLoop& loop, std::deque<std::string> pieces, Repair repair, Answer answer)
     : m_loop(loop)
     , m_pieces(std::move(pieces))
     , m_repair(repair)

@@ -80,10 +80,8 @@ void WaylandConnection::listenToRegistry()
 
 const WaylandConnection::Global* WaylandConnection::find(const wl_interface& interface) const
 {
-    const auto found = std::ranges::find(
-        m_globals, std::string_view(interface.name), [](const Global& global) {
-            return std::string_view(global.interface);
-        });
+    const auto found = std::ranges::find(m_globals, std::string_view(interface.name),
+        [](const Global& global) { return std::string_view(global.interface); });
     return found == m_globals.end() ? nullptr : &*found;
 }
 

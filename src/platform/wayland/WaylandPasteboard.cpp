@@ -32,13 +32,12 @@ namespace {
 
 } // namespace
 
-WaylandPasteboard::WaylandPasteboard(
-    WaylandConnection& connection, MainLoop& loop, Windows windows)
+WaylandPasteboard::WaylandPasteboard(WaylandConnection& connection, MainLoop& loop, Windows windows)
     : m_connection(connection)
     , m_loop(loop)
     , m_windows(std::move(windows))
-    , m_control(DataControl::open(
-          connection, [this](Offer offer) { selectionCame(std::move(offer)); }))
+    , m_control(
+          DataControl::open(connection, [this](Offer offer) { selectionCame(std::move(offer)); }))
 {
     // What was there before: some compositors tell it at once, some only with the second answer, and
     // where nothing was, some say so and some keep silent.
@@ -51,7 +50,7 @@ void WaylandPasteboard::selectionCame(Offer offer)
 {
     if (m_isStarting)
         m_offer = std::move(offer);
-    else if (m_isWriting && m_isOwn)
+    else if (m_isWriting && m_hasOwnCome)
         m_held.push_back(std::move(offer));
     else
         note(std::move(offer));
@@ -64,7 +63,9 @@ void WaylandPasteboard::note(Offer offer)
     abandonReads();
     m_offer = std::move(offer);
     m_isOwn = m_offer && isOwn(*m_offer);
-    if (!m_isOwn)
+    if (m_isOwn)
+        m_hasOwnCome = true;
+    else
         m_ownText.reset();
     const Change change { .isForeign = m_offer ? !m_isOwn : wasForeign,
         .isGone = !m_offer && wasForeign };
@@ -141,10 +142,10 @@ void WaylandPasteboard::writeText(std::string_view text)
     // The compositor has told us of it before it answers. What listeners make of other programs' changes
     // before it comes on the next turn; what comes after it is counted then, too.
     m_isWriting = true;
-    m_isOwn = false;
+    m_hasOwnCome = false;
     m_connection.roundTrip();
     m_isWriting = false;
-    if (m_isOwn)
+    if (m_hasOwnCome)
         m_ownText = written;
     if (!m_held.empty())
         post([this] { noteHeld(); });

@@ -36,6 +36,8 @@ public:
     /// False where the compositor lets nobody see the clipboard: nothing is then told or read, and what
     /// is written goes nowhere.
     bool isAvailable() const { return m_control != nullptr; }
+    /// Nothing is on the clipboard, as far as we have been told.
+    bool isEmpty() const { return m_offer == nullptr; }
 
     std::int64_t changeCount() const override { return m_changeCount; }
     void synchronise() override;
@@ -79,6 +81,7 @@ private:
     std::deque<Offer> m_held;
     bool m_isStarting = true;
     bool m_isWriting = false;
+    bool m_hasOwnCome = false; ///< The compositor has told us of the write that we wait for.
     /// A type by which our own last write is known when the compositor tells us of it.
     std::string m_ownMark;
     std::uint64_t m_writeCount = 0;

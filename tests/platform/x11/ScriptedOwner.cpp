@@ -30,6 +30,11 @@ namespace {
 
 } // namespace
 
+int runScriptedOwner(const OwnerScript& script, int commands, int reports)
+{
+    return ScriptedOwner(script, commands, reports).run();
+}
+
 ScriptedOwner::ScriptedOwner(OwnerScript script, int commands, int reports)
     : m_script(std::move(script))
     , m_commands(commands)

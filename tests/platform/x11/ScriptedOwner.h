@@ -11,8 +11,7 @@
 
 namespace korvane::test {
 
-/// The part of a `SelectionOwner` that runs in the other process. Commands come in as a letter, a
-/// size and so many bytes; what it is asked for goes out as lines, and "done" for each command.
+/// The other process of a `SelectionOwner` on X11; see `runScriptedOwner`.
 class ScriptedOwner {
 public:
     ScriptedOwner(OwnerScript script, int commands, int reports);

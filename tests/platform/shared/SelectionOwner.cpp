@@ -1,7 +1,5 @@
 #include "support/SelectionOwner.h"
 
-#include "platform/x11/ScriptedOwner.h"
-
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,7 +37,7 @@ SelectionOwner::SelectionOwner(const OwnerScript& script)
         ::close(commands[1]);
         ::close(reports[0]);
         // Not by exit(): what the parent registered for its own end is none of our business.
-        ::_exit(ScriptedOwner(script, commands[0], reports[1]).run());
+        ::_exit(runScriptedOwner(script, commands[0], reports[1]));
     }
     ::close(commands[0]);
     ::close(reports[1]);

@@ -1,4 +1,4 @@
-#include "platform/x11/PasteboardDesk.h"
+#include "platform/shared/PasteboardDesk.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +44,7 @@ namespace {
         EXPECT_LT(gap.longest(), maxGap);
     }
 
-    TEST(X11PasteboardHangTest, AnOwnerThatIsStoppedHoldsUpNobody)
+    TEST(PasteboardHangTest, AnOwnerThatIsStoppedHoldsUpNobody)
     {
         PasteboardDesk desk;
         SelectionOwner owner(textOwner("alpha"));
@@ -55,7 +55,7 @@ namespace {
         expectSilenceIsBorne(desk);
     }
 
-    TEST(X11PasteboardHangTest, AnOwnerThatListsItsTypesAndThenFallsSilentHoldsUpNobody)
+    TEST(PasteboardHangTest, AnOwnerThatListsItsTypesAndThenFallsSilentHoldsUpNobody)
     {
         PasteboardDesk desk;
         const SelectionOwner owner(hanging(Delivery::never));
@@ -64,7 +64,7 @@ namespace {
         expectSilenceIsBorne(desk);
     }
 
-    TEST(X11PasteboardHangTest, AnOwnerThatStopsInTheMiddleOfALargeTransferHoldsUpNobody)
+    TEST(PasteboardHangTest, AnOwnerThatStopsInTheMiddleOfALargeTransferHoldsUpNobody)
     {
         PasteboardDesk desk;
         const SelectionOwner owner(hanging(Delivery::stopsMidway));
@@ -73,7 +73,7 @@ namespace {
         expectSilenceIsBorne(desk);
     }
 
-    TEST(X11PasteboardHangTest, TheNextCopyIsReadWhileAnOwnerHangs)
+    TEST(PasteboardHangTest, TheNextCopyIsReadWhileAnOwnerHangs)
     {
         PasteboardDesk desk;
         SelectionOwner hung(textOwner("alpha"));
@@ -89,7 +89,7 @@ namespace {
         EXPECT_FALSE(desk.answers.front().has_value());
     }
 
-    TEST(X11PasteboardHangTest, AnOwnerThatComesBackToLifeIsNotHurtByARequestGivenUp)
+    TEST(PasteboardHangTest, AnOwnerThatComesBackToLifeIsNotHurtByARequestGivenUp)
     {
         PasteboardDesk desk;
         SelectionOwner owner(textOwner("alpha"));
@@ -100,10 +100,10 @@ namespace {
         owner.thaw();
 
         EXPECT_EQ(desk.readText(), "alpha");
-        EXPECT_EQ(desk.pasteboard->changeCount(), 1);
+        EXPECT_EQ(desk.pasteboard().changeCount(), 1);
     }
 
-    TEST(X11PasteboardHangTest, AnOwnerThatIsSlowButNeverSilentForTwoSecondsIsReadToTheEnd)
+    TEST(PasteboardHangTest, AnOwnerThatIsSlowButNeverSilentForTwoSecondsIsReadToTheEnd)
     {
         PasteboardDesk desk;
         const SelectionOwner owner({ .offers = { { .target = "UTF8_STRING",
@@ -120,7 +120,7 @@ namespace {
         EXPECT_GT(steady_clock::now() - begun, 2s);
     }
 
-    TEST(X11PasteboardHangTest, ALargeTextIsReadWithoutHoldingUpTheLoop)
+    TEST(PasteboardHangTest, ALargeTextIsReadWithoutHoldingUpTheLoop)
     {
         PasteboardDesk desk;
         std::string text;
@@ -139,7 +139,7 @@ namespace {
         other.start(std::chrono::milliseconds { 0 });
         std::optional<int> turnsUntilRead;
 
-        desk.pasteboard->read([&](auto contents) {
+        desk.pasteboard().read([&](auto contents) {
             EXPECT_TRUE(contents && contents->text && contents->text->size() == text.size());
             turnsUntilRead = turns;
         });
