@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <string>
 
 namespace korvane {
 
@@ -20,7 +19,7 @@ public:
     using Done = std::function<void()>;
 
     /// @param text  shared with whoever else it is written to: it may be large
-    PipeWriter(MainLoop& loop, Descriptor pipe, std::shared_ptr<const std::string> text, Done done);
+    PipeWriter(MainLoop& loop, Descriptor pipe, std::shared_ptr<const FileBytes> text, Done done);
     PipeWriter(const PipeWriter&) = delete;
     PipeWriter& operator=(const PipeWriter&) = delete;
     ~PipeWriter() = default;
@@ -29,7 +28,7 @@ private:
     void writeSome();
 
     Descriptor m_pipe;
-    std::shared_ptr<const std::string> m_text;
+    std::shared_ptr<const FileBytes> m_text;
     std::size_t m_written = 0;
     Done m_done;
     WritableWatch m_watch;

@@ -21,11 +21,9 @@ namespace {
     // More readers than this at the same time are no readers.
     constexpr std::size_t maxWriters = 64;
 
-    // Nobody else's: two programs of this kind, or two runs of this one, must not take each other's
-    // writes for their own.
-    std::string makeMark(std::uint64_t writeNumber)
+    // Nobody else's: two runs of this program must not take each other's writes for their own.
+    std::string makeMark(std::uint64_t run, std::uint64_t writeNumber)
     {
-        static const auto run = std::random_device {}();
         return "application/x-korvane-write;run=" + std::to_string(run)
             + ";number=" + std::to_string(writeNumber);
     }
@@ -36,6 +34,7 @@ WaylandPasteboard::WaylandPasteboard(WaylandConnection& connection, MainLoop& lo
     : m_connection(connection)
     , m_loop(loop)
     , m_windows(std::move(windows))
+    , m_run(std::random_device {}())
     , m_control(
           DataControl::open(connection, [this](Offer offer) { selectionCame(std::move(offer)); }))
 {
@@ -132,10 +131,12 @@ void WaylandPasteboard::abandonReads()
 void WaylandPasteboard::writeText(std::string_view text)
 {
     noteHeld();
-    if (!m_control)
+    auto bytes = FileBytes::copyOf(text);
+    if (!m_control
+        || !bytes) // for want of memory nothing can be written: the clipboard stays as it is
         return;
-    const auto written = std::make_shared<const std::string>(text);
-    m_ownMark = makeMark(++m_writeCount);
+    const auto written = std::make_shared<const FileBytes>(std::move(*bytes));
+    m_ownMark = makeMark(m_run, ++m_writeCount);
     auto types = textTypes();
     types.push_back(m_ownMark);
     m_control->setSelection(types, sending(written));

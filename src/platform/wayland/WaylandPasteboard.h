@@ -50,7 +50,8 @@ public:
     void writePrimaryToo();
 
 private:
-    using Text = std::shared_ptr<const std::string>;
+    /// In memory of the system's: a large text is copied three times as fast into that.
+    using Text = std::shared_ptr<const FileBytes>;
     using Offer = std::unique_ptr<DataOffer>;
     struct Reading {
         Answer answer;
@@ -74,6 +75,7 @@ private:
     WaylandConnection& m_connection;
     MainLoop& m_loop;
     Windows m_windows;
+    std::uint64_t m_run;
     std::unique_ptr<DataControl> m_control;
     std::int64_t m_changeCount = 0;
     Offer m_offer;
