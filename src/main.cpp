@@ -8,6 +8,7 @@
 #include "app/view/KeyParent.h"
 #include "app/view/PanelWindow.h"
 #include "app/view/SettingsWindow.h"
+#include "app/view/StageOfWindows.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
 #include "platform/CommandLine.h"
@@ -134,6 +135,8 @@ namespace {
                   keyParent, firstFolder())
             , m_screens(
                   m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
+            , m_stage({ [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
+                  [this] { m_platform.giveBackKeyboard(); } })
             , m_app(ports(), folders.dataHome / folderName)
             , m_instance(std::move(claim), m_loop)
         {
@@ -200,7 +203,7 @@ namespace {
                 },
                 [this] {
                     return std::make_unique<ClipPreviewWindow>(
-                        m_screens, m_platform.isComposited(), frameTeller());
+                        m_screens, m_stage, m_platform.isComposited(), frameTeller());
                 },
                 [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, site(),
                 [this](const SettingsSubjects& subjects) {
@@ -220,9 +223,7 @@ namespace {
         PanelWindow::World panelWorld()
         {
             return { m_loop, m_screens, m_platform.isComposited(),
-                textReader(m_platform.pasteboard()),
-                [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
-                [this] { m_platform.giveBackKeyboard(); }, frameTeller() };
+                textReader(m_platform.pasteboard()), m_stage, frameTeller() };
         }
 
         KorPanel::FrameTeller frameTeller()
@@ -248,6 +249,7 @@ namespace {
         PortalFileDialogs m_fileDialogs;
         TrayItem m_tray;
         TrayScreens m_screens;
+        StageOfWindows m_stage;
         AppDelegate m_app;
         Instance m_instance;
         std::vector<Connection> m_connections;

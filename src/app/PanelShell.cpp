@@ -23,6 +23,7 @@ PanelShell::PanelShell(World world)
     : m_world(std::move(world))
     , m_outsideClick(m_world.outsideClicks.pressed.connect([this] { clickedOutside(); }))
     , m_clipsChanged(m_world.store.clipsChanged.connect([this] { hidePreviewOfGone(); }))
+    , m_statusItemFound(m_world.screens.found.connect([this] { placeAnew(); }))
 {
 }
 
@@ -42,12 +43,25 @@ void PanelShell::showPanel()
     }
     willOpen();
     ensurePanel();
-    const auto frames = m_world.screens.look();
-    m_panel->setFrame(placement::panelFrame(frames.statusItem, frames.visible,
-        m_world.store.clips().size(), panelAlignment(m_world.preferences)));
+    placePanel();
     prepare();
     m_panel->show();
     m_world.outsideClicks.watch();
+}
+
+void PanelShell::placePanel()
+{
+    const auto frames = m_world.screens.look();
+    m_panel->setFrame(placement::panelFrame(frames.statusItem, frames.visible,
+        m_world.store.clips().size(), panelAlignment(m_world.preferences)));
+}
+
+void PanelShell::placeAnew()
+{
+    if (isPanelVisible())
+        placePanel();
+    if (isPreviewVisible())
+        placePreview();
 }
 
 void PanelShell::hidePanel()
@@ -85,12 +99,18 @@ void PanelShell::showPreview(const ClipItem& clip, std::optional<double> rowMidY
         m_preview = &m_world.makePreview();
     m_preview->setClip(clip);
     m_previewed = clip.id;
+    m_rowMidY = rowMidY;
+    placePreview();
+    m_preview->show();
+}
+
+void PanelShell::placePreview()
+{
     // The look at the screen comes before the panel's frame, which is told on the screen looked at.
     const Rect visible = m_world.screens.look().visible;
     const double textHeight = m_preview->textHeight(previewplacement::textWidth);
     m_preview->setFrame(previewplacement::frame(textHeight, m_panel->frame(), visible,
-        { previewSide(m_world.preferences), previewPosition(m_world.preferences), rowMidY }));
-    m_preview->show();
+        { previewSide(m_world.preferences), previewPosition(m_world.preferences), m_rowMidY }));
 }
 
 void PanelShell::hidePreview()

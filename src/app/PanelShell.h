@@ -66,6 +66,9 @@ public:
     Signal<> prepare;
 
 private:
+    void placePanel();
+    void placePreview();
+    void placeAnew();
     void placeSettings();
     void clickedOutside();
     void hidePreviewOfGone();
@@ -74,10 +77,12 @@ private:
     PlacedWindow* m_panel = nullptr;    // until it has been built
     PreviewWindow* m_preview = nullptr; // the same
     ClipId m_previewed;                 // the clip that was shown last
+    std::optional<double> m_rowMidY;    // of its row
     PlacedWindow* m_settings = nullptr; // the same
     Timer m_afterOutsideClick;
     Connection m_outsideClick;
     Connection m_clipsChanged;
+    Connection m_statusItemFound;
     Connection m_settingsFramed;
 };
 

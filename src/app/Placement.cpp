@@ -27,6 +27,20 @@ double panelHeight(std::size_t clipCount, const Rect& visible)
     return std::max(minimumPanelHeight, std::min(visible.height - marginToVisibleTop, wanted));
 }
 
+Rect iconAt(const Point& place, const Rect& visible)
+{
+    Rect icon { place.x - assumedIconSize / 2, place.y - assumedIconSize / 2, assumedIconSize,
+        assumedIconSize };
+    if (icon.middleY() > visible.top())
+        icon.y = visible.top();
+    return icon;
+}
+
+Rect iconAtEnd(const Rect& visible)
+{
+    return { visible.right() - screenMargin, visible.top(), 0, 0 };
+}
+
 Rect panelFrame(
     const Rect& statusItem, const Rect& visible, std::size_t clipCount, PanelAlignment alignment)
 {

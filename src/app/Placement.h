@@ -20,6 +20,15 @@ namespace placement {
     /// What is assumed of the screen where there is none.
     inline constexpr Rect assumedVisibleFrame { 0, 0, 1440, 900 };
 
+    /// How large an icon is taken to be where the tray does not tell.
+    inline constexpr double assumedIconSize = 22;
+
+    /// The rectangle of a status item of which only a place on it is known. An icon is in a bar, and the
+    /// panel hangs from the bar's edge.
+    Rect iconAt(const Point& place, const Rect& visible);
+    /// The same where nothing is known of it: at the right end of the visible frame's top edge.
+    Rect iconAtEnd(const Rect& visible);
+
     /// As high as the clips need, between the minimum and what the screen has room for.
     double panelHeight(std::size_t clipCount, const Rect& visible);
 

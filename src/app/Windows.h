@@ -86,6 +86,10 @@ public:
 
     /// How it is at this moment. Bars and screens come and go, so it is asked at each opening.
     virtual Frames look() = 0;
+
+    /// Only now, after the look, is it known where the status item is: what stands there is to be placed
+    /// by a further look.
+    Signal<> found;
 };
 
 /// A window of ours that is placed, shown and hidden by the program.

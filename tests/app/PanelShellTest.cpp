@@ -31,6 +31,20 @@ namespace {
         EXPECT_EQ(f.panel->place, (Rect { 1012 - 180, 874 - 250, 360, 250 }));
     }
 
+    TEST(PanelShellTest, AStatusItemThatIsFoundOnlyNowHasTheOpenPanelPlacedAnew)
+    {
+        ShellFixture f;
+        f.screens.found();
+        EXPECT_NE(f.panel->place.width, 360); // it is placed when it is opened
+        f.shell().showPanel();
+
+        f.screens.statusItem.x = 600;
+        f.screens.found();
+
+        EXPECT_EQ(f.panel->place, (Rect { 612 - 180, 874 - 250, 360, 250 }));
+        EXPECT_EQ(f.panel->shows, 1);
+    }
+
     TEST(PanelShellTest, TheAlignmentIsReadAtEachOpening)
     {
         ShellFixture f;

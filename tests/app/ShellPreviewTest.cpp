@@ -63,6 +63,21 @@ namespace {
         EXPECT_TRUE(f.panel->isShown);
     }
 
+    TEST(ShellPreviewTest, ItGoesWithAPanelThatIsPlacedAnew)
+    {
+        PreviewFixture f;
+        f.press(keycodes::space);
+        const double toThePanel = f.preview->place.left() - f.panel->place.left();
+
+        f.screens.statusItem.x = 400;
+        f.screens.found();
+
+        EXPECT_EQ(f.panel->place.left(), 412 - 180);
+        EXPECT_EQ(f.preview->place.left() - f.panel->place.left(), 360 + 8);
+        EXPECT_NE(toThePanel, 360 + 8); // there was no room on that side
+        EXPECT_EQ(f.preview->shows, 1);
+    }
+
     TEST(ShellPreviewTest, MovesAndTabsHideThePreview)
     {
         for (const auto key : { keycodes::downArrow, keycodes::upArrow, keycodes::tab }) {

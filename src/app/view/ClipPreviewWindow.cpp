@@ -1,7 +1,8 @@
 #include "app/view/ClipPreviewWindow.h"
 
 #include "app/PreviewPlacement.h"
-#include "app/view/TrayScreens.h"
+#include "app/view/PanelStage.h"
+#include "app/view/WindowScreens.h"
 #include "panel/view/ClipPreviewView.h"
 #include "panel/view/PanelMetrics.h"
 
@@ -23,19 +24,21 @@ namespace {
 
 } // namespace
 
-ClipPreviewWindow::ClipPreviewWindow(
-    TrayScreens& screens, Observable<bool>& isComposited, const KorPanel::FrameTeller& tellFrame)
-    : ClipPreviewWindow(screens,
-        std::make_unique<KorPanel>(isComposited, tellFrame, KorPanel::Role::preview),
+ClipPreviewWindow::ClipPreviewWindow(WindowScreens& screens, PanelStage& stage,
+    Observable<bool>& isComposited, const KorPanel::FrameTeller& tellFrame)
+    : ClipPreviewWindow(screens, stage,
+        std::make_unique<KorPanel>(
+            isComposited, tellFrame, KorPanel::Role::preview, stage.ground()),
         std::make_unique<ClipPreviewView>())
 {
 }
 
-ClipPreviewWindow::ClipPreviewWindow(
-    TrayScreens& screens, std::unique_ptr<KorPanel> panel, std::unique_ptr<ClipPreviewView> view)
+ClipPreviewWindow::ClipPreviewWindow(WindowScreens& screens, PanelStage& stage,
+    std::unique_ptr<KorPanel> panel, std::unique_ptr<ClipPreviewView> view)
     : m_view(*view)
     , m_window(
-          filled(std::move(panel), std::move(view)), [&screens] { return screens.geometry(); }, {})
+          filled(std::move(panel), std::move(view)), [&screens] { return screens.geometry(); },
+          stage)
 {
 }
 

@@ -6,13 +6,14 @@
 namespace korvane {
 
 class ClipPreviewView;
-class TrayScreens;
+class WindowScreens;
 
 /// The preview, whole: a window like the panel's, which the keyboard never goes to, over its contents.
 class ClipPreviewWindow : public PreviewWindow {
 public:
     /// @param screens  knows the screen on which the panel stands
-    ClipPreviewWindow(TrayScreens& screens, Observable<bool>& isComposited,
+    /// @param stage    the panel's; outlives the window
+    ClipPreviewWindow(WindowScreens& screens, PanelStage& stage, Observable<bool>& isComposited,
         const KorPanel::FrameTeller& tellFrame = {});
 
     void setClip(const ClipItem& clip) override;
@@ -28,7 +29,7 @@ public:
     ClipPreviewView& view() { return m_view; }
 
 private:
-    explicit ClipPreviewWindow(TrayScreens& screens, std::unique_ptr<KorPanel> panel,
+    ClipPreviewWindow(WindowScreens& screens, PanelStage& stage, std::unique_ptr<KorPanel> panel,
         std::unique_ptr<ClipPreviewView> view);
 
     ClipPreviewView& m_view; // the panel's contents

@@ -39,31 +39,43 @@ namespace {
     }
 } // namespace
 
-KorPanel::KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame, Role role)
-    : QWidget(nullptr, flagsOf(role))
+KorPanel::KorPanel(
+    Observable<bool>& isComposited, FrameTeller tellFrame, Role role, QWidget* ground)
+    : QWidget(ground, ground ? Qt::WindowFlags() : flagsOf(role))
+    , m_role(role)
     , m_tellFrame(std::move(tellFrame))
 {
-    setWindowTitle(
-        role == Role::preview ? QStringLiteral("Korvane Preview") : QStringLiteral("Korvane"));
-    setAttribute(Qt::WA_ShowWithoutActivating, role == Role::preview);
+    setGeometry(0, 0, metrics::panelWidth, initialHeight);
+    if (ground)
+        hide(); // else it would come with the ground
+    else
+        makeWindow();
+    handle()->installEventFilter(this);
+    m_compositedChanged
+        = isComposited.observe([this](bool composited) { setComposited(composited); });
+}
+
+void KorPanel::makeWindow()
+{
+    setWindowTitle(takesKeyboard() ? QStringLiteral("Korvane") : QStringLiteral("Korvane Preview"));
+    setAttribute(Qt::WA_ShowWithoutActivating, !takesKeyboard());
     // Whether a compositor runs may change later, the window's depth may not: without one the alpha
     // of its pixels is simply not looked at.
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_AlwaysShowToolTips); // the window is never "active" to a window manager
     setAttribute(Qt::WA_QuitOnClose, false);
-    setGeometry(0, 0, metrics::panelWidth, initialHeight);
     create();
     setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu); // lost on a window that is not there yet
-    windowHandle()->installEventFilter(this);
-    m_compositedChanged
-        = isComposited.observe([this](bool composited) { setComposited(composited); });
 }
 
 void KorPanel::installAccess()
 {
     QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
         auto* const panel = dynamic_cast<KorPanel*>(object);
-        return panel ? new QAccessibleWidget(panel, QAccessible::Window) : nullptr;
+        if (!panel)
+            return nullptr;
+        return new QAccessibleWidget(
+            panel, panel->isWindow() ? QAccessible::Window : QAccessible::Pane);
     });
 }
 
@@ -77,7 +89,7 @@ void KorPanel::setContents(std::unique_ptr<QWidget> contents)
 bool KorPanel::eventFilter(QObject* watched, QEvent* event)
 {
     // An open menu takes the keys and the pointer; the toolkit leads them there.
-    if (watched != windowHandle() || QApplication::activePopupWidget())
+    if (watched != handle() || QApplication::activePopupWidget())
         return false;
     if (event->type() == QEvent::KeyPress)
         return m_handleKey && m_handleKey(keyPressFrom(static_cast<QKeyEvent&>(*event)));
@@ -103,7 +115,7 @@ bool KorPanel::isReachedBy(const QEvent& event)
     const auto at = static_cast<const QSinglePointEvent&>(event).globalPosition();
     const bool hasMoved = std::exchange(m_pointer, at) != at;
     const auto* const holder = QGuiApplication::focusWindow();
-    return isPress || (isEnter && hasMoved && (!holder || holder == windowHandle()));
+    return isPress || (isEnter && hasMoved && (!holder || holder == handle()));
 }
 
 void KorPanel::paintEvent(QPaintEvent* event)
@@ -153,8 +165,8 @@ void KorPanel::showEvent(QShowEvent*)
 {
     // The toolkit learns late that a hidden window has lost the keyboard. To one that is shown again
     // before that, it says nothing, and leaves it without a cursor and without a focus to tell of.
-    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow())
-        QApplication::setActiveWindow(this);
+    if (QGuiApplication::focusWindow() == handle() && !isActiveWindow())
+        QApplication::setActiveWindow(window());
 }
 
 void KorPanel::hideEvent(QHideEvent*)

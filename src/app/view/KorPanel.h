@@ -16,9 +16,10 @@
 
 namespace korvane {
 
-/// The panel's window: without a frame, above all others, outside the window manager's reach, so
-/// that it stands exactly where it is put on every desktop. With a compositor it casts a shadow into
-/// a margin of its own; without one it is cut to its rounded shape. Every key press comes to it before any control sees it.
+/// The panel: a window without a frame, above all others, outside the window manager's reach, so
+/// that it stands exactly where it is put; or the same on a ground that covers the screen. With a
+/// compositor it casts a shadow into a margin of its own; without one it is cut to its rounded shape.
+/// Every key press comes to it before any control sees it.
 class KorPanel : public QWidget {
 public:
     /// True: the key press is used up and goes no further.
@@ -35,11 +36,15 @@ public:
 
     /// The native window is made at once, so that showing it later costs nothing more.
     /// @param isComposited  whether a compositor runs; may change at any time
-    explicit KorPanel(
-        Observable<bool>& isComposited, FrameTeller tellFrame = {}, Role role = Role::panel);
+    /// @param ground        a window that the panel is to be a part of, and whose keys it hears; null: it
+    ///                      is a window by itself
+    explicit KorPanel(Observable<bool>& isComposited, FrameTeller tellFrame = {},
+        Role role = Role::panel, QWidget* ground = nullptr);
 
-    /// Teaches the toolkit that such a panel is a window to assistive technology. Needed once, before
-    /// the first is made.
+    bool takesKeyboard() const { return m_role == Role::panel; }
+
+    /// Teaches the toolkit that such a panel is a window to assistive technology, or a part of one. Needed
+    /// once, before the first is made.
     static void installAccess();
 
     void setKeyHandler(KeyHandler handler) { m_handleKey = std::move(handler); }
@@ -49,7 +54,8 @@ public:
     /// Fills the panel.
     void setContents(std::unique_ptr<QWidget> contents);
 
-    /// The panel as it is seen, without its shadow, in global coordinates.
+    /// The panel as it is seen, without its shadow, in global coordinates (on a ground: in those of the
+    /// ground).
     QRect visibleFrame() const { return geometry().marginsRemoved(m_margins); }
     void setVisibleFrame(const QRect& frame) { setGeometry(frame.marginsAdded(m_margins)); }
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -62,6 +68,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void makeWindow();
+    QWindow* handle() const { return window()->windowHandle(); }
     bool isReachedBy(const QEvent& event);
     void setComposited(bool isComposited);
     void shape();
@@ -69,6 +77,7 @@ private:
     void paintTranslucent(QPainter& painter, const QRect& dirty);
     void paintOpaque(QPainter& painter);
 
+    Role m_role;
     FrameTeller m_tellFrame;
     KeyHandler m_handleKey;
     std::function<void()> m_keyboardWanted;

@@ -1,7 +1,8 @@
 #include "app/view/PanelWindow.h"
 
 #include "app/view/KorPanel.h"
-#include "app/view/TrayScreens.h"
+#include "app/view/PanelStage.h"
+#include "app/view/WindowScreens.h"
 #include "panel/view/ClipPanelView.h"
 #include "panel/view/PanelAccess.h"
 
@@ -16,7 +17,8 @@ namespace {
     {
         installPanelAccess();
         KorPanel::installAccess();
-        auto panel = std::make_unique<KorPanel>(world.isComposited, world.tellFrame);
+        auto panel = std::make_unique<KorPanel>(
+            world.isComposited, world.tellFrame, KorPanel::Role::panel, world.stage.ground());
         auto view
             = std::make_unique<ClipPanelView>(store, controller, world.loop, world.clipboardText);
         panel->setKeyHandler([&view = *view](const KeyPress& press) { return view.handle(press); });
@@ -27,9 +29,9 @@ namespace {
 } // namespace
 
 PanelWindow::PanelWindow(ClipStore& store, PanelController& controller, const World& world)
-    : WidgetWindow(makePanel(store, controller, world),
-        [&screens = world.screens] { return screens.geometry(); },
-        { world.takeKeyboard, world.giveBackKeyboard })
+    : WidgetWindow(
+        makePanel(store, controller, world),
+        [&screens = world.screens] { return screens.geometry(); }, world.stage)
 {
 }
 

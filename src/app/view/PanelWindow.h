@@ -4,15 +4,12 @@
 #include "look/view/PanelLineEdit.h"
 #include "model/Signal.h"
 
-#include <cstdint>
-#include <functional>
-
 namespace korvane {
 
 class ClipStore;
 class MainLoop;
 class PanelController;
-class TrayScreens;
+class WindowScreens;
 
 /// The panel, whole: its window over its contents, its keys led to the controller.
 class PanelWindow : public WidgetWindow {
@@ -20,11 +17,10 @@ public:
     /// What the window needs of the desktop; all of it outlives the window.
     struct World {
         MainLoop& loop;
-        TrayScreens& screens;
+        WindowScreens& screens;
         Observable<bool>& isComposited;
         TextReader clipboardText;
-        std::function<void(std::uint32_t window)> takeKeyboard;
-        std::function<void()> giveBackKeyboard;
+        PanelStage& stage;
         /// Tells the desktop which part of the window is the panel and which only its shadow.
         KorPanel::FrameTeller tellFrame = {};
     };

@@ -1,7 +1,7 @@
 #include "app/view/SettingsWindow.h"
 
 #include "app/view/SettingsPages.h"
-#include "app/view/TrayScreens.h"
+#include "app/view/WindowScreens.h"
 #include "look/view/ApplicationIcon.h"
 #include "settings/view/FormPage.h"
 #include "settings/view/PreferencesView.h"

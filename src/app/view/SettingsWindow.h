@@ -23,7 +23,7 @@ class Applications;
 class KeyRecorder;
 class LoginItem;
 class PreferencesView;
-class TrayScreens;
+class WindowScreens;
 
 /// The window of the settings, whole: an ordinary one, which the window manager looks after. It is
 /// made once; closing it only hides it.
@@ -32,7 +32,7 @@ public:
     /// What the window needs of the desktop and of the program; all of it outlives the window.
     struct World {
         MainLoop& loop;
-        TrayScreens& screens;
+        WindowScreens& screens;
         Preferences& preferences;
         SoundPlayer& sounds;
         LoginItem& loginItem;
@@ -73,7 +73,7 @@ private:
     void lookAtFrame();
     void lookAtPlace();
 
-    TrayScreens& m_screens;
+    WindowScreens& m_screens;
     MainLoop& m_loop;
     Symbols m_symbols;
     std::unique_ptr<Window> m_window;

@@ -13,9 +13,6 @@ namespace korvane {
 
 namespace {
 
-    /// How large an icon is taken to be where the tray does not tell, in points.
-    constexpr double assumedIconSize = 22;
-
     QScreen* screenOf(const std::optional<QPoint>& point)
     {
         QScreen* screen = point ? QGuiApplication::screenAt(*point) : nullptr;
@@ -86,15 +83,9 @@ Rect TrayScreens::statusItem(const Area& here) const
     const Rect visible = turnedOver(here.visible, here.screen);
     const auto click = m_tray.lastClick();
     if (!click)
-        return { visible.right() - placement::screenMargin, visible.top(), 0, 0 };
-
-    // An icon is in a bar, and the panel hangs from the bar's edge.
-    QRectF around(0, 0, assumedIconSize, assumedIconSize);
-    around.moveCenter(QPointF(*click));
-    Rect icon = turnedOver(around, here.screen);
-    if (icon.middleY() > visible.top())
-        icon.y = visible.top();
-    return icon;
+        return placement::iconAtEnd(visible);
+    return placement::iconAt(
+        { click->x() - here.screen.x(), here.screen.bottom() - click->y() }, visible);
 }
 
 ScreenGeometry TrayScreens::geometry()

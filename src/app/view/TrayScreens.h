@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/Windows.h"
-#include "app/view/WidgetWindow.h"
+#include "app/view/WindowScreens.h"
 
 #include <QPoint>
 #include <QRect>
@@ -14,7 +13,7 @@ namespace korvane {
 class TrayItem;
 
 /// The screen that the tray icon is on, as far as the tray tells, in the program's coordinates.
-class TrayScreens : public Screens {
+class TrayScreens : public WindowScreens {
 public:
     /// The pixels of the monitor at a pixel of the desktop, all of them and those that no bar covers.
     struct Pixels {
@@ -26,8 +25,7 @@ public:
     TrayScreens(const TrayItem& tray, AreaAt areaAt);
 
     Frames look() override;
-    /// The place on the desktop of the screen that was last looked at, for windows that are put on it.
-    ScreenGeometry geometry();
+    ScreenGeometry geometry() override;
 
 private:
     /// The screen in points, in global coordinates.

@@ -1,16 +1,18 @@
 #include "app/view/WidgetWindow.h"
 
+#include "app/view/PanelStage.h"
+
 #include <utility>
 
 namespace korvane {
 
 WidgetWindow::WidgetWindow(
-    std::unique_ptr<KorPanel> panel, std::function<ScreenGeometry()> screen, Keyboard keyboard)
+    std::unique_ptr<KorPanel> panel, std::function<ScreenGeometry()> screen, PanelStage& stage)
     : m_panel(std::move(panel))
     , m_screen(std::move(screen))
-    , m_keyboard(std::move(keyboard))
+    , m_stage(stage)
 {
-    m_panel->setKeyboardWanted([this] { takeKeyboard(); });
+    m_panel->setKeyboardWanted([this] { m_stage.takeKeyboard(*m_panel); });
 }
 
 Rect WidgetWindow::frame() const
@@ -25,28 +27,17 @@ void WidgetWindow::setFrame(const Rect& frame)
 
 void WidgetWindow::show()
 {
-    m_panel->show();
-    m_panel->raise();
-    takeKeyboard();
+    m_stage.show(*m_panel);
 }
 
 void WidgetWindow::hide()
 {
-    // Before the window goes: the server would hand the keyboard to nobody in particular.
-    if (m_keyboard.giveBack && m_panel->isVisible())
-        m_keyboard.giveBack();
-    m_panel->hide();
-}
-
-void WidgetWindow::takeKeyboard()
-{
-    if (m_keyboard.take)
-        m_keyboard.take(static_cast<std::uint32_t>(m_panel->winId()));
+    m_stage.hide(*m_panel);
 }
 
 bool WidgetWindow::isVisible() const
 {
-    return m_panel->isVisible();
+    return m_stage.isVisible(*m_panel);
 }
 
 } // namespace korvane

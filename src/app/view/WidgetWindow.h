@@ -4,24 +4,19 @@
 #include "app/view/KorPanel.h"
 #include "app/view/ScreenGeometry.h"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 
 namespace korvane {
 
+class PanelStage;
+
 /// A panel as the program places it.
 class WidgetWindow : public PlacedWindow {
 public:
-    /// Gives the window the keyboard and takes it away again, which only the desktop's backend can;
-    /// either may be empty.
-    struct Keyboard {
-        std::function<void(std::uint32_t window)> take;
-        std::function<void()> giveBack;
-    };
-
+    /// @param stage  what the panel was made on; outlives it
     WidgetWindow(
-        std::unique_ptr<KorPanel> panel, std::function<ScreenGeometry()> screen, Keyboard keyboard);
+        std::unique_ptr<KorPanel> panel, std::function<ScreenGeometry()> screen, PanelStage& stage);
 
     /// The visible panel; its shadow lies outside.
     Rect frame() const override;
@@ -33,11 +28,9 @@ public:
     KorPanel& panel() { return *m_panel; }
 
 private:
-    void takeKeyboard();
-
     std::unique_ptr<KorPanel> m_panel;
     std::function<ScreenGeometry()> m_screen;
-    Keyboard m_keyboard;
+    PanelStage& m_stage;
 };
 
 } // namespace korvane

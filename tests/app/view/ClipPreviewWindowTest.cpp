@@ -1,6 +1,7 @@
 #include "app/view/ClipPreviewWindow.h"
 
 #include "app/view/PanelShadow.h"
+#include "app/view/StageOfWindows.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
 #include "model/ClipItem.h"
@@ -40,7 +41,9 @@ namespace {
         TrayItem tray;
         TrayScreens screens { tray, [](QPoint) { return TrayScreens::Pixels {}; } };
         Observable<bool> isComposited { false };
-        ClipPreviewWindow window { screens, isComposited };
+        StageOfWindows stage { { [this](std::uint32_t) { ++keyboardsTaken; }, {} } };
+        int keyboardsTaken = 0;
+        ClipPreviewWindow window { screens, stage, isComposited };
     };
 
     TEST(ClipPreviewWindowTest, ItIsNeverGivenTheKeyboard)
@@ -52,6 +55,7 @@ namespace {
         EXPECT_TRUE(panel.testAttribute(Qt::WA_ShowWithoutActivating));
         f.show("text");
         EXPECT_EQ(panel.focusWidget(), nullptr);
+        EXPECT_EQ(f.keyboardsTaken, 0);
     }
 
     TEST(ClipPreviewWindowTest, ItStandsAboveAllOthersOutsideTheWindowManagersReach)

@@ -1,5 +1,6 @@
 #include "app/view/PanelWindow.h"
 
+#include "app/view/StageOfWindows.h"
 #include "app/view/TrayItem.h"
 #include "app/view/TrayScreens.h"
 #include "panel/view/FilterTabBar.h"
@@ -54,8 +55,9 @@ namespace {
         TrayItem tray;
         TrayScreens screens { tray, [](QPoint) { return TrayScreens::Pixels {}; } };
         Observable<bool> isComposited { false };
+        StageOfWindows stage;
         mutable PanelWindow window { store, controller,
-            { loop, screens, isComposited, {}, [](std::uint32_t) {}, [] {} } };
+            { loop, screens, isComposited, {}, stage } };
     };
 
     TEST(PanelWindowTest, ItOpensWithTheFocusInTheSearch)

@@ -1,6 +1,7 @@
 #include "app/view/WidgetWindow.h"
 
 #include "app/view/PanelShadow.h"
+#include "app/view/StageOfWindows.h"
 #include "support/Input.h"
 
 #include <gtest/gtest.h>
@@ -17,13 +18,15 @@ namespace {
         Observable<bool> isComposited { false };
         ScreenGeometry screen { 0, 0, 900 };
         std::vector<std::string> asked;
+        StageOfWindows stage { { [this](std::uint32_t) {
+                                    asked.emplace_back(
+                                        window.isVisible() ? "take, visible" : "take, hidden");
+                                },
+            [this] {
+                asked.emplace_back(window.isVisible() ? "give, visible" : "give, hidden");
+            } } };
         WidgetWindow window { std::make_unique<KorPanel>(isComposited), [this] { return screen; },
-            { [this](std::uint32_t) {
-                 asked.emplace_back(window.isVisible() ? "take, visible" : "take, hidden");
-             },
-                [this] {
-                    asked.emplace_back(window.isVisible() ? "give, visible" : "give, hidden");
-                } } };
+            stage };
     };
 
     TEST(WidgetWindowTest, AFrameCountsUpwardFromTheScreensBottom)
