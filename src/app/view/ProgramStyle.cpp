@@ -1,5 +1,6 @@
 #include "app/view/ProgramStyle.h"
 
+#include "look/view/PopupHost.h"
 #include "look/view/RoundedRegion.h"
 
 #include <QPainter>
@@ -19,6 +20,16 @@ ProgramStyle::ProgramStyle(Observable<bool>& isAnimated)
     , m_isAnimated(isAnimated.value())
     , m_changed(isAnimated.onChange([this](bool is) { m_isAnimated = is; }))
 {
+}
+
+/// The window of a tool tip is the toolkit's own, and nobody gives it its place above a host of popups;
+/// there the tip becomes a part of the host before it is first placed.
+void ProgramStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    auto* const of = widget->parentWidget();
+    if (of && widget->inherits("QTipLabel") && PopupHost::of(*of))
+        widget->setParent(of->window(), Qt::Widget);
 }
 
 int ProgramStyle::styleHint(

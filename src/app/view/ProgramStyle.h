@@ -13,6 +13,8 @@ class ProgramStyle : public QProxyStyle {
 public:
     explicit ProgramStyle(Observable<bool>& isAnimated);
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
         QStyleHintReturn* data) const override;
     int pixelMetric(

@@ -167,6 +167,7 @@ PanelMenu::PanelMenu(QWidget* opener)
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlag(Qt::FramelessWindowHint);
     setWindowFlag(Qt::NoDropShadowWindowHint);
+    setWindowFlag(Qt::BypassWindowManagerHint, PopupHost::of(*opener) != nullptr);
     setStyle(m_style.get());
     setPalette(opener->palette());
     setFont(textFont(textSize));
@@ -188,6 +189,22 @@ PanelMenu::Tone PanelMenu::toneOf(const QAction* line) const
 {
     return std::ranges::find(m_destructive, line) == m_destructive.end() ? Tone::plain
                                                                          : Tone::destructive;
+}
+
+void PanelMenu::setVisible(bool isVisible)
+{
+    auto* const host = PopupHost::of(m_opener);
+    m_standing = host != nullptr && isVisible ? host->stand(*this) : nullptr;
+    if (host == nullptr || m_standing || !isVisible)
+        return QMenu::setVisible(isVisible);
+    // It would take every key and click without being seen.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            aboutToHide();
+            deleteLater();
+        },
+        Qt::QueuedConnection);
 }
 
 void PanelMenu::mousePressEvent(QMouseEvent* event)

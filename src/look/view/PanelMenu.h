@@ -1,5 +1,7 @@
 #pragma once
 
+#include "look/view/PopupHost.h"
+
 #include <QMenu>
 
 #include <functional>
@@ -26,6 +28,8 @@ public:
     QAction* addLine(std::string_view title, std::function<void()> chosen, Tone tone = Tone::plain);
     Tone toneOf(const QAction* line) const;
 
+    void setVisible(bool isVisible) override;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -34,6 +38,7 @@ private:
     QWidget& m_opener;
     std::unique_ptr<QStyle> m_style;
     std::vector<const QAction*> m_destructive;
+    std::unique_ptr<PopupHost::Standing> m_standing; // in a window that is a host of popups
 };
 
 } // namespace korvane
