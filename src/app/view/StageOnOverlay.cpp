@@ -5,6 +5,8 @@
 
 #include <QAccessibleWidget>
 #include <QMouseEvent>
+#include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -34,7 +36,20 @@ public:
         return m_stage.m_overlay.stand(popup);
     }
 
+    /// Whether it is painted in the scale of its output, and not in that of any other.
+    bool hasOutputsScale() const
+    {
+        return qFuzzyCompare(windowHandle()->devicePixelRatio(), screen()->devicePixelRatio());
+    }
+
 protected:
+    bool event(QEvent* event) override
+    {
+        // The window comes onto its output before it gets the keyboard.
+        if (event->type() == QEvent::WindowActivate)
+            m_stage.cameOntoOutput();
+        return QWidget::event(event);
+    }
     void enterEvent(QEnterEvent* event) override { m_stage.arrived(event->position().toPoint()); }
     // What the panels make no use of comes here, too.
     void mousePressEvent(QMouseEvent* event) override
@@ -71,14 +86,17 @@ QWidget* StageOnOverlay::ground()
 
 void StageOnOverlay::show(KorPanel& panel)
 {
-    if (m_isOpen)
+    if (m_isOpen) {
         m_overlay.setKeyboard(true);
-    else if (m_overlay.show(*m_ground)) {
+    } else if (m_overlay.show(*m_ground)) {
         m_isOpen = true;
-        if (std::exchange(m_isPointerAwaited, false))
-            m_patience = m_loop.after(pointerPatience, [this] { reveal(); });
-    } else
+        m_isScaleAwaited = !m_ground->hasOutputsScale();
+        if (m_isPointerAwaited || m_isScaleAwaited)
+            m_patience = m_loop.after(patience, [this] { reveal(); });
+    } else {
+        m_isPointerAwaited = false;
         return; // it stays hidden; the overlay has told why
+    }
     forget(panel);
     m_shown.emplace_back(&panel);
     if (!m_patience.isActive())
@@ -88,6 +106,7 @@ void StageOnOverlay::show(KorPanel& panel)
 void StageOnOverlay::reveal()
 {
     m_patience.stop();
+    m_isPointerAwaited = false;
     for (const auto& panel : m_shown) {
         if (!panel)
             continue;
@@ -112,6 +131,8 @@ void StageOnOverlay::forget(const KorPanel& panel)
 void StageOnOverlay::close()
 {
     m_patience.stop();
+    m_isPointerAwaited = false;
+    m_isScaleAwaited = false;
     // Their menus go first: they stand on the ground.
     for (const auto& panel : std::exchange(m_shown, {})) {
         if (panel)
@@ -140,10 +161,24 @@ void StageOnOverlay::lendKeyboard()
 
 void StageOnOverlay::arrived(const QPoint& pointer)
 {
-    if (!m_patience.isActive())
+    if (!m_isOpen || !std::exchange(m_isPointerAwaited, false))
         return;
     pointerArrived(pointer);
-    reveal();
+    cameOntoOutput();
+    if (!m_isScaleAwaited)
+        reveal();
+}
+
+/// Before that the toolkit does not know its scale; what it has painted until then it would magnify, and
+/// paint anew only what changes later.
+void StageOnOverlay::cameOntoOutput()
+{
+    if (!m_isScaleAwaited || !m_ground->hasOutputsScale())
+        return;
+    m_isScaleAwaited = false;
+    m_ground->update();
+    if (!m_isPointerAwaited)
+        reveal();
 }
 
 void StageOnOverlay::pressedAt(const QPoint& place)

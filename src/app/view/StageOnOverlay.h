@@ -21,8 +21,9 @@ class Overlay;
 /// transparent is a click outside; it goes no further.
 class StageOnOverlay : public PanelStage, public OutsideClicks {
 public:
-    /// How long the panel waits for the desktop to tell where the pointer is.
-    static constexpr std::chrono::milliseconds pointerPatience { 100 };
+    /// How long the panel waits for what the desktop tells only when the ground is there: where the pointer
+    /// is, and how fine the output's pixels are.
+    static constexpr std::chrono::milliseconds patience { 100 };
 
     StageOnOverlay(Overlay& overlay, MainLoop& loop);
     ~StageOnOverlay() override;
@@ -58,6 +59,7 @@ private:
     void forget(const KorPanel& panel);
     void close();
     void arrived(const QPoint& pointer);
+    void cameOntoOutput();
     void pressedAt(const QPoint& place);
     void pressedOutside();
 
@@ -68,6 +70,7 @@ private:
     std::vector<QPointer<KorPanel>> m_shown;
     bool m_isOpen = false;
     bool m_isPointerAwaited = false;
+    bool m_isScaleAwaited = false;
     bool m_isWatching = false;
     Timer m_patience;
     Connection m_pressedElsewhere;

@@ -251,6 +251,19 @@ namespace {
         EXPECT_TRUE(f.panel.isVisible());
     }
 
+    TEST(StageOnOverlayTest, AnOpeningThatWasRefusedLeavesNothingToWaitFor)
+    {
+        StageFixture f;
+        f.overlay.isRefusing = true;
+        f.stage.awaitPointer();
+        f.stage.show(f.panel);
+
+        f.overlay.isRefusing = false;
+        f.stage.show(f.panel);
+
+        EXPECT_TRUE(f.panel.isVisible());
+    }
+
     TEST(StageOnOverlayTest, AGroundThatIsTakenAwayTakesThePanelsAlong)
     {
         StageFixture f;

@@ -40,8 +40,11 @@ bool LayerOverlay::show(QWidget& window)
     // A surface that was shown has had its role; the toolkit makes another one.
     auto* const handle = window.windowHandle();
     handle->destroy();
-    if (m_screen)
+    // On its screen from the beginning, by its place too, or the first picture has another one's scale.
+    if (m_screen) {
         handle->setScreen(m_screen);
+        window.setGeometry(m_screen->geometry());
+    }
     auto* const surface = LayerShell::surfaceOf(*handle);
     auto* const output = m_screen ? LayerShell::outputOf(*m_screen) : nullptr;
     if (surface != nullptr)

@@ -16,6 +16,7 @@ LayerShield::LayerShield(LayerShell& shell, QScreen& screen)
     format.setAlphaBufferSize(8);
     setFormat(format);
     setScreen(&screen);
+    setGeometry(screen.geometry());
     auto* const surface = LayerShell::surfaceOf(*this);
     auto* const output = LayerShell::outputOf(screen);
     if (surface == nullptr || output == nullptr)
@@ -39,6 +40,15 @@ void LayerShield::withdraw()
 {
     m_layer.reset();
     destroy();
+}
+
+bool LayerShield::event(QEvent* event)
+{
+    // An exposure may still be on its way to a window that has been withdrawn, and the toolkit would paint
+    // on a surface that is not there.
+    const bool isPainting = event->type() == QEvent::Expose || event->type() == QEvent::Paint
+        || event->type() == QEvent::UpdateRequest;
+    return (isPainting && !m_layer) || QRasterWindow::event(event);
 }
 
 void LayerShield::paintEvent(QPaintEvent*)

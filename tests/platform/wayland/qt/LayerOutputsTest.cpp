@@ -90,6 +90,7 @@ namespace {
         ASSERT_TRUE(showSecondOutput("2"));
         test::PanelDesk desk;
         desk.copyNumbered(3);
+        seat().moveTo({ 1290, 370 }); // its arrow would be on the picture
         ASSERT_TRUE(sway("focus output HEADLESS-2"));
 
         ASSERT_TRUE(desk.open());

@@ -52,9 +52,6 @@ namespace {
         // The cursor of the search field blinks.
         EXPECT_TRUE(waitUntil(
             [&] { return test::screenshot().copy(panel) == painted(f.desk.ground(), panel); }));
-        const auto screen = test::screenshot();
-        EXPECT_EQ(screen.pixel(f.desk.panel().visibleFrame().center().x(), 29),
-            test::OtherBar::colour); // its shadow lies below the bar's edge, or above it
     }
 
     TEST(LayerPictureTest, BesideThePanelTheDesktopIsSeen)

@@ -60,9 +60,16 @@ bool PanelDesk::openByIcon()
     return waitUntil([this] { return isReady(); });
 }
 
+bool PanelDesk::close()
+{
+    shell().hidePanel();
+    return waitUntil([] { return QGuiApplication::focusWindow() == nullptr; });
+}
+
 bool PanelDesk::isReady()
 {
-    return panel().isVisible() && ground().isActiveWindow() && ground().windowHandle()->isExposed();
+    const auto* const window = ground().windowHandle();
+    return panel().isVisible() && window->isExposed() && QGuiApplication::focusWindow() == window;
 }
 
 bool PanelDesk::isConnected()

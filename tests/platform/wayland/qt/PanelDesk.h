@@ -51,6 +51,8 @@ public:
     bool open();
     /// The same, by a click on the icon in the tray, where the pointer is.
     bool openByIcon();
+    /// Closes the panel and waits until the toolkit has heard that the keyboard has gone.
+    bool close();
     bool isReady();
     /// Whether the compositor has found fault with what we said; it ends the connection then.
     static bool isConnected();
