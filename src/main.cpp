@@ -304,6 +304,7 @@ namespace {
     int run(std::string programFile, const CommandLine& commandLine, const BaseFolders& folders,
         InstanceClaim claim)
     {
+        surviveBrokenPipes();
         // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
         // user starts later. This is the switch that programs of other toolkits are kept out with.
         if (std::getenv("NO_AT_BRIDGE") == nullptr)

@@ -72,4 +72,13 @@ TerminationSignals::~TerminationSignals()
     toldBy = -1;
 }
 
+void surviveBrokenPipes()
+{
+    // Not SIG_IGN, deliberately: that is inherited by the programs that we start.
+    struct sigaction action { };
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGPIPE, &action, nullptr);
+}
+
 } // namespace korvane

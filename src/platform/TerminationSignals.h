@@ -26,4 +26,8 @@ private:
     Timer m_watch;
 };
 
+/// From now on a write to a pipe that nobody reads fails, and does not end the process. Programs that we
+/// start do not inherit it.
+void surviveBrokenPipes();
+
 } // namespace korvane

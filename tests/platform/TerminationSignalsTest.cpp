@@ -5,7 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
 namespace korvane {
 namespace {
@@ -67,6 +72,26 @@ namespace {
 
         EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
         EXPECT_EQ(told, 1);
+    }
+
+    /// Whether a write to a pipe that nobody reads fails, and says why.
+    bool isBrokenPipeToldOf()
+    {
+        std::array<int, 2> ends {};
+        if (::pipe(ends.data()) != 0)
+            return false;
+        ::close(ends[0]);
+        return ::write(ends[1], "x", 1) < 0 && errno == EPIPE;
+    }
+
+    TEST(TerminationSignalsTest, AWriteThatNobodyReadsFailsAndEndsNothing)
+    {
+        EXPECT_EXIT(
+            {
+                surviveBrokenPipes();
+                ::_exit(isBrokenPipeToldOf() ? EXIT_SUCCESS : EXIT_FAILURE);
+            },
+            testing::ExitedWithCode(EXIT_SUCCESS), "");
     }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <span>
 #include <string>
 #include <utility>
@@ -106,8 +105,8 @@ void forEachStroke(
         stroke(modifier, true);
     stroke(keys.key, true);
     stroke(keys.key, false);
-    for (const auto modifier : keys.modifiers | std::views::reverse)
-        stroke(modifier, false);
+    for (auto modifier = keys.modifiers.rbegin(); modifier != keys.modifiers.rend(); ++modifier)
+        stroke(*modifier, false);
 }
 
 } // namespace korvane

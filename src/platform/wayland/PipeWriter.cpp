@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <utility>
 
 namespace korvane {
@@ -41,15 +40,6 @@ void PipeWriter::writeSome()
         const auto done = std::exchange(m_done, nullptr);
         done(); // may destroy us: nothing comes after it
     }
-}
-
-void surviveBrokenPipes()
-{
-    // Not SIG_IGN, deliberately: that is inherited by the programs that we start.
-    struct sigaction action { };
-    action.sa_handler = [](int) {};
-    action.sa_flags = SA_RESTART;
-    ::sigaction(SIGPIPE, &action, nullptr);
 }
 
 } // namespace korvane

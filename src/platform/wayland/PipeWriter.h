@@ -34,8 +34,4 @@ private:
     WritableWatch m_watch;
 };
 
-/// From now on a write to a pipe that nobody reads fails, and does not end the process. Programs that we
-/// start do not inherit it.
-void surviveBrokenPipes();
-
 } // namespace korvane

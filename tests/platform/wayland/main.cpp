@@ -1,6 +1,6 @@
 // The tests of the Wayland backends need a compositor with nobody's clipboard on it, and windows and keys of
 // nobody: they run inside tools/wayland-desktop.
-#include "platform/wayland/PipeWriter.h"
+#include "platform/TerminationSignals.h"
 
 #include <QCoreApplication>
 
