@@ -8,12 +8,9 @@
 #include "app/view/KeyParent.h"
 #include "app/view/PanelWindow.h"
 #include "app/view/SettingsWindow.h"
-#include "app/view/StageOfWindows.h"
 #include "app/view/TrayItem.h"
-#include "app/view/TrayScreens.h"
 #include "platform/CommandLine.h"
 #include "platform/Instance.h"
-#include "platform/Platform.h"
 #include "platform/TerminationSignals.h"
 #include "platform/qt/PortalFileDialogs.h"
 #include "platform/qt/PortalSettings.h"
@@ -25,6 +22,9 @@
 #include "platform/xdg/PreferencesFile.h"
 #include "platform/xdg/SystemLog.h"
 #include "platform/xdg/XdgDesktop.h"
+#include "session/SessionChoice.h"
+#include "session/WaylandSession.h"
+#include "session/X11Session.h"
 
 #include <QApplication>
 
@@ -55,6 +55,14 @@ namespace {
         std::fprintf(stream, "%s\n", line.c_str());
     }
 
+    /// The program's file, as it is to be named in a key binding.
+    std::string programPath()
+    {
+        std::error_code none;
+        const auto file = std::filesystem::read_symlink("/proc/self/exe", none);
+        return none ? "korvane" : file.string();
+    }
+
     /// What is to be said and with which status to end, when the arguments ask for no more.
     std::optional<int> answerArguments(const CommandLine& commandLine)
     {
@@ -63,6 +71,11 @@ namespace {
         case CommandLine::Request::help:
             say(stdout, commandLine.text);
             return EXIT_SUCCESS;
+        case CommandLine::Request::platform: {
+            const auto facts = SessionFacts::ofProcess();
+            std::fputs(sessionReport(facts, programPath()).c_str(), stdout);
+            return chooseSession(facts).server ? EXIT_SUCCESS : EXIT_FAILURE;
+        }
         case CommandLine::Request::misuse:
             say(stderr, commandLine.text);
             return 2;
@@ -85,19 +98,6 @@ namespace {
     constexpr auto schemes = KORVANE_PLAIN_HTTP ? QtDocumentFetcher::Schemes::httpToo
                                                 : QtDocumentFetcher::Schemes::https;
 
-    PixelRect pixelRect(const QRect& rect)
-    {
-        return { rect.x(), rect.y(), rect.width(), rect.height() };
-    }
-
-    TrayScreens::Pixels pixelsAt(X11Monitors& monitors, QPoint pixel)
-    {
-        const auto toQt
-            = [](const PixelRect& rect) { return QRect(rect.x, rect.y, rect.width, rect.height); };
-        const auto area = monitors.areaAt(pixel.x(), pixel.y());
-        return { toQt(area.monitor), toQt(area.visible) };
-    }
-
     TextReader textReader(Pasteboard& pasteboard)
     {
         return [&pasteboard](std::function<void(QString)> answer) {
@@ -116,13 +116,15 @@ namespace {
     /// the reverse order.
     class Program {
     public:
-        /// @param documents  outlives the program
-        Program(const BaseFolders& folders, InstanceClaim claim, SystemLog& log,
-            QtDocumentFetcher& documents)
-            : m_log(log)
+        /// All that is handed over by reference outlives the program.
+        Program(const BaseFolders& folders, InstanceClaim claim, QtMainLoop& loop, TrayItem& tray,
+            Session& session, SystemLog& log, QtDocumentFetcher& documents)
+            : m_loop(loop)
+            , m_tray(tray)
+            , m_session(session)
+            , m_log(log)
             , m_documents(documents)
             , m_preferences(folders.configHome / folderName / "preferences.json", m_loop, m_log)
-            , m_platform(m_loop)
             , m_desktop(QDBusConnection::sessionBus(), m_log)
             , m_sounds(findSoundsFolder(QCoreApplication::applicationFilePath().toStdString(),
                            KORVANE_SOUNDS_DIR),
@@ -130,24 +132,20 @@ namespace {
             , m_loginItem(folders.configHome / "autostart" / (std::string(folderName) + ".desktop"),
                   QCoreApplication::applicationFilePath().toStdString())
             , m_theme(m_portal.isDark(), m_portal.isAnimated())
-            , m_ownFileDialogs(textReader(m_platform.pasteboard()))
+            , m_ownFileDialogs(textReader(m_session.pasteboard()))
             , m_fileDialogs(QDBusConnection::sessionBus(), m_loop, m_log, m_ownFileDialogs,
                   keyParent, firstFolder())
-            , m_screens(
-                  m_tray, [this](QPoint pixel) { return pixelsAt(m_platform.monitors(), pixel); })
-            , m_stage({ [this](std::uint32_t window) { m_platform.takeKeyboard(window); },
-                  [this] { m_platform.giveBackKeyboard(); } })
             , m_app(ports(), folders.dataHome / folderName)
             , m_instance(std::move(claim), m_loop)
         {
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
             m_connections.push_back(
-                m_platform.keyboardLeft().connect([this] { m_app.shell().hidePanel(); }));
+                m_session.panelLost.connect([this] { m_app.shell().hidePanel(); }));
             // The panel would keep the keyboard from it.
             m_connections.push_back(
                 m_fileDialogs.opening.connect([this] { m_app.shell().hidePanel(); }));
-            m_connections.push_back(m_platform.connection().closed.connect(
-                [] { QCoreApplication::exit(EXIT_FAILURE); }));
+            m_connections.push_back(
+                m_session.closed.connect([] { QCoreApplication::exit(EXIT_FAILURE); }));
         }
 
         bool launch()
@@ -194,16 +192,16 @@ namespace {
     private:
         Ports ports()
         {
-            return { m_loop, m_log, m_preferences, m_platform.pasteboard(), m_platform.workspace(),
-                m_platform.hotkeyGrabber(), m_platform.keyboard(), m_desktop, m_sounds, m_tray,
-                m_screens, m_platform.outsideClicks(), m_theme, m_alerts, m_documents,
+            return { m_loop, m_log, m_preferences, m_session.pasteboard(), m_session.workspace(),
+                m_session.hotkeyGrabber(), m_session.keyboard(), m_desktop, m_sounds, m_tray,
+                m_session.screens(), m_session.outsideClicks(), m_theme, m_alerts, m_documents,
                 m_fileDialogs,
                 [this](ClipStore& store, PanelController& controller) {
                     return std::make_unique<PanelWindow>(store, controller, panelWorld());
                 },
                 [this] {
-                    return std::make_unique<ClipPreviewWindow>(
-                        m_screens, m_stage, m_platform.isComposited(), frameTeller());
+                    return std::make_unique<ClipPreviewWindow>(m_session.screens(),
+                        m_session.stage(), m_session.isComposited(), frameTeller());
                 },
                 [this] { m_loop.post([] { QCoreApplication::exit(EXIT_SUCCESS); }); }, site(),
                 [this](const SettingsSubjects& subjects) {
@@ -214,31 +212,32 @@ namespace {
 
         SettingsWindow::World settingsWorld()
         {
-            return { m_loop, m_screens, m_preferences, m_sounds, m_loginItem, std::cout,
-                textReader(m_platform.pasteboard()), m_platform.keyRecorder(),
-                m_platform.applications(), m_alerts,
-                [this](std::uint32_t window) { m_platform.passKeyboard(window); } };
+            return { m_loop, m_session.screens(), m_preferences, m_sounds, m_loginItem, std::cout,
+                textReader(m_session.pasteboard()), m_session.keyRecorder(),
+                m_session.applications(), m_alerts,
+                [this](std::uint32_t window) { m_session.passKeyboard(window); } };
         }
 
         PanelWindow::World panelWorld()
         {
-            return { m_loop, m_screens, m_platform.isComposited(),
-                textReader(m_platform.pasteboard()), m_stage, frameTeller() };
+            return { m_loop, m_session.screens(), m_session.isComposited(),
+                textReader(m_session.pasteboard()), m_session.stage(), frameTeller() };
         }
 
         KorPanel::FrameTeller frameTeller()
         {
             return [this](std::uint32_t window, QRect panel, QSize whole) {
-                m_platform.tellWindowFrame(window, pixelRect(panel), whole.width(), whole.height());
+                m_session.tellFrame(window, panel, whole);
             };
         }
 
+        QtMainLoop& m_loop;
+        TrayItem& m_tray;
+        Session& m_session;
         SystemLog& m_log;
         QtDocumentFetcher& m_documents;
-        QtMainLoop m_loop;
         TerminationSignals m_signals { m_loop, [] { QCoreApplication::exit(EXIT_SUCCESS); } };
         PreferencesFile m_preferences;
-        Platform m_platform;
         XdgDesktop m_desktop;
         CanberraSoundPlayer m_sounds;
         AutostartEntry m_loginItem;
@@ -247,9 +246,6 @@ namespace {
         AlertBoxes m_alerts;
         FileDialogWindows m_ownFileDialogs; // where the desktop has none
         PortalFileDialogs m_fileDialogs;
-        TrayItem m_tray;
-        TrayScreens m_screens;
-        StageOfWindows m_stage;
         AppDelegate m_app;
         Instance m_instance;
         std::vector<Connection> m_connections;
@@ -275,19 +271,13 @@ namespace {
         }
     };
 
-    /// Whether the panel has a display. It is placed to the pixel outside the window manager's reach,
-    /// which X11 offers.
-    bool checkDisplay()
+    /// On which display server to run; none, and it is said why, where there is none that will do.
+    std::optional<DisplayServer> chooseServer()
     {
-        const char* const display = std::getenv("DISPLAY");
-        if (display != nullptr && hasDisplay())
-            return true;
-        say(stderr,
-            "korvane: there is no X11 display ("
-                + (display == nullptr ? std::string("DISPLAY is not set")
-                                      : "no X server answers at " + std::string(display))
-                + ")");
-        return false;
+        const auto choice = chooseSession(SessionFacts::ofProcess());
+        if (!choice.server)
+            say(stderr, "korvane: " + choice.reason);
+        return choice.server;
     }
 
     /// Whether the home is one that can be used.
@@ -301,8 +291,16 @@ namespace {
         return !error;
     }
 
-    int run(std::string programFile, const CommandLine& commandLine, const BaseFolders& folders,
-        InstanceClaim claim)
+    std::unique_ptr<Session> openSession(
+        DisplayServer server, QtMainLoop& loop, TrayItem& tray, SystemLog& log)
+    {
+        if (server == DisplayServer::x11)
+            return std::make_unique<X11Session>(loop, tray);
+        return WaylandSession::open(loop, tray, log);
+    }
+
+    int run(std::string programFile, const CommandLine& commandLine, DisplayServer server,
+        const BaseFolders& folders, InstanceClaim claim)
     {
         surviveBrokenPipes();
         // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
@@ -316,9 +314,11 @@ namespace {
         QGuiApplication::setQuitOnLastWindowClosed(false);
         // Not by the environment, which the programs that we start would inherit.
         std::string option = "-platform";
-        std::string platform = "xcb";
+        std::string platform = server == DisplayServer::wayland ? "wayland" : "xcb";
         std::array<char*, 3> toolkitArguments { programFile.data(), option.data(),
             platform.data() };
+        if (server == DisplayServer::wayland)
+            WaylandSession::prepareToolkit();
         auto count = static_cast<int>(toolkitArguments.size());
         const QApplication application(count, toolkitArguments.data());
 
@@ -326,7 +326,14 @@ namespace {
         QtDocumentFetcher documents(schemes, log);
         // Ends after the program and before the toolkit, which waits for the names that it is looking up.
         FarewellLimit farewell;
-        Program program(folders, std::move(claim), log, documents);
+        QtMainLoop loop;
+        TrayItem tray;
+        const auto session = openSession(server, loop, tray, log);
+        if (!session) {
+            say(stderr, "korvane: the compositor has gone");
+            return farewell.status = EXIT_FAILURE;
+        }
+        Program program(folders, std::move(claim), loop, tray, *session, log, documents);
         const auto dataFolder = folders.dataHome / folderName;
         if (::access(dataFolder.c_str(), W_OK | X_OK) != 0)
             program.warn(
@@ -372,7 +379,8 @@ namespace {
         case InstanceStart::Outcome::first:
             break;
         }
-        if (commandLine.startsProgram() && !(checkDisplay() && checkHome(*folders)))
+        std::optional<DisplayServer> server;
+        if (commandLine.startsProgram() && !((server = chooseServer()) && checkHome(*folders)))
             return EXIT_FAILURE;
         const auto dataFolder = folders->dataHome / folderName;
         // One that was started with another runtime folder hears nobody who is started in this one.
@@ -383,9 +391,10 @@ namespace {
                     + "; it was started with another XDG_RUNTIME_DIR");
             return EXIT_FAILURE;
         }
-        if (!commandLine.startsProgram())
+        if (!server)
             return EXIT_SUCCESS;
-        return run(argc > 0 ? argv[0] : "korvane", commandLine, *folders, std::move(*start.claim));
+        return run(argc > 0 ? argv[0] : "korvane", commandLine, *server, *folders,
+            std::move(*start.claim));
     }
 
 } // namespace

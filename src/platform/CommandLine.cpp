@@ -19,6 +19,7 @@ namespace {
           "  --toggle   show the panel, or hide it when it is shown\n"
           "  --hide     hide the panel\n"
           "  --quit     end Korvane\n"
+          "  --platform print what Korvane can do on this desktop, and what not\n"
           "  --version  print the version\n"
           "  --help     print this text";
 
@@ -60,13 +61,15 @@ CommandLine parseCommandLine(std::span<const std::string_view> arguments)
     const auto option = arguments.front();
     const auto word = option.starts_with("--") ? option.substr(2) : "";
     const auto wish = wishFor(word);
-    if (!wish && word != "version" && word != "help")
+    if (!wish && word != "platform" && word != "version" && word != "help")
         return printing(Request::misuse,
             "korvane: unknown argument \"" + std::string(option) + "\"; see korvane --help");
     if (arguments.size() > 1)
         return printing(Request::misuse, "korvane: one option at a time; see korvane --help");
     if (wish)
         return { Request::wish, *wish, {} };
+    if (word == "platform")
+        return printing(Request::platform, {});
     return word == "version" ? printing(Request::version, versionText)
                              : printing(Request::help, helpText);
 }

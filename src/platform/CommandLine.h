@@ -13,8 +13,9 @@ enum class Wish { show, toggle, hide, quit };
 /// What the user started the program for.
 struct CommandLine {
     enum class Request {
-        start, ///< no option: run, or show the panel of the one that runs
-        wish,  ///< one of the wishes
+        start,    ///< no option: run, or show the panel of the one that runs
+        wish,     ///< one of the wishes
+        platform, ///< what the desktop gives and what not
         version,
         help,
         misuse, ///< the arguments make no sense; `text` says why, exit status 2

@@ -50,6 +50,12 @@ namespace {
         }
     }
 
+    TEST(CommandLineTest, PlatformAsksWhatTheDesktopGives)
+    {
+        EXPECT_EQ(parse({ "--platform" }).request, Request::platform);
+        EXPECT_EQ(parse({ "--platform", "--show" }).request, Request::misuse);
+    }
+
     TEST(CommandLineTest, VersionIsTheProductAndItsNumber)
     {
         const auto line = parse({ "--version" });

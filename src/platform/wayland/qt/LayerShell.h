@@ -36,6 +36,8 @@ public:
     LayerShell(const LayerShell&) = delete;
     LayerShell& operator=(const LayerShell&) = delete;
 
+    /// The connection of the toolkit.
+    wl_display* display() const { return m_display; }
     zwlr_layer_shell_v1* get() const { return m_shell.get(); }
     wl_compositor* compositor() const { return m_compositor.get(); }
     wl_shm* shm() const { return m_shm.get(); }

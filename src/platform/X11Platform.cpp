@@ -1,4 +1,4 @@
-#include "platform/Platform.h"
+#include "platform/X11Platform.h"
 
 #include "platform/qt/ToolkitConnection.h"
 #include "platform/x11/X11WindowFrame.h"
@@ -15,12 +15,12 @@ bool hasDisplay()
     return isThere;
 }
 
-Platform::Platform(MainLoop& loop)
-    : Platform(loop, windowsOf(toolkitConnection()))
+X11Platform::X11Platform(MainLoop& loop)
+    : X11Platform(loop, windowsOf(toolkitConnection()))
 {
 }
 
-Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow)
+X11Platform::X11Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow)
     : m_connection(loop)
     , m_entries(loop, DesktopEntries::standardFolders())
     , m_applications(m_entries)
@@ -47,7 +47,7 @@ Platform::Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow
 {
 }
 
-void Platform::takeKeyboard(std::uint32_t window)
+void X11Platform::takeKeyboard(std::uint32_t window)
 {
     // The window was shown over the toolkit's connection: the server must have heard of that before
     // it is asked on ours to give the window the keyboard.
@@ -59,7 +59,7 @@ void Platform::takeKeyboard(std::uint32_t window)
         m_focus.takeKeyboard(window, XCB_CURRENT_TIME);
 }
 
-void Platform::tellWindowFrame(
+void X11Platform::tellWindowFrame(
     std::uint32_t window, const PixelRect& visible, int width, int height)
 {
     // The window must be known to the server before it is spoken of on our connection.

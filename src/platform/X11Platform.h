@@ -25,11 +25,11 @@ bool hasDisplay();
 
 /// The backends of an X11 session, made together because they share one connection. The toolkit's
 /// application object must exist.
-class Platform {
+class X11Platform {
 public:
-    explicit Platform(MainLoop& loop);
-    Platform(const Platform&) = delete;
-    Platform& operator=(const Platform&) = delete;
+    explicit X11Platform(MainLoop& loop);
+    X11Platform(const X11Platform&) = delete;
+    X11Platform& operator=(const X11Platform&) = delete;
 
     X11Connection& connection() { return m_connection; }
     Pasteboard& pasteboard() { return m_pasteboard; }
@@ -52,7 +52,7 @@ public:
     void tellWindowFrame(std::uint32_t window, const PixelRect& visible, int width, int height);
 
 private:
-    explicit Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow);
+    explicit X11Platform(MainLoop& loop, std::function<bool(xcb_window_t)> isOwnWindow);
 
     X11Connection m_connection;
     DesktopEntries m_entries;

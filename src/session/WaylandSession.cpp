@@ -1,0 +1,31 @@
+#include "session/WaylandSession.h"
+
+#include <utility>
+
+namespace korvane {
+
+std::unique_ptr<WaylandSession> WaylandSession::open(MainLoop& loop, StatusItem& tray, Log& log)
+{
+    // Programs that we start are to make windows as ever.
+    LayerShell::unprepareEnvironment();
+    auto shell = LayerShell::find();
+    if (!shell)
+        return nullptr;
+    std::unique_ptr<WaylandSession> session(
+        new WaylandSession(std::move(shell), loop, tray, log)); // the constructor is ours alone
+    return session->m_platform.connection().isOpen() ? std::move(session) : nullptr;
+}
+
+WaylandSession::WaylandSession(
+    std::unique_ptr<LayerShell> shell, MainLoop& loop, StatusItem& tray, Log& log)
+    : m_shell(std::move(shell))
+    , m_overlay(*m_shell, log)
+    , m_stage(m_overlay, loop)
+    , m_screens(tray, m_overlay, m_stage, loop)
+    , m_platform(loop, m_shell->display(), [this] { return m_stage.isOpen(); })
+    , m_connections { m_stage.lost.connect([this] { panelLost(); }),
+        m_platform.connection().lost.connect([this] { closed(); }) }
+{
+}
+
+} // namespace korvane
