@@ -70,7 +70,7 @@ namespace {
 
         EXPECT_EQ(line.request, Request::help);
         for (const auto* option :
-            { "--show", "--toggle", "--hide", "--quit", "--version", "--help" })
+            { "--show", "--toggle", "--hide", "--quit", "--platform", "--version", "--help" })
             EXPECT_NE(line.text.find(option), std::string::npos) << option;
     }
 
@@ -88,7 +88,7 @@ namespace {
     TEST(CommandLineTest, TwoOptionsAreMisuse)
     {
         EXPECT_EQ(parse({ "--show", "--quit" }).request, Request::misuse);
-        EXPECT_EQ(parse({ "--version", "--help" }).request, Request::misuse);
+        EXPECT_EQ(parse({ "--platform", "--version", "--help" }).request, Request::misuse);
     }
 
     TEST(CommandLineTest, TheWordOfEveryWishLeadsBackToIt)
