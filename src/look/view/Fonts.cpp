@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QImage>
 #include <QScreen>
 
 namespace korvane {
@@ -15,7 +16,10 @@ namespace {
         const auto perInch = screen ? screen->logicalDotsPerInchY() : 96.0;
         font.setPointSizeF(size * 72.0 / perInch);
         font.setWeight(weight);
-        return font;
+        // On Wayland the toolkit makes its font before it knows a screen, for a resolution that it assumes;
+        // it would be measured for that, and painted for the screen's, which a picture has, too.
+        const QImage dot(1, 1, QImage::Format_ARGB32_Premultiplied);
+        return { font, &dot };
     }
 
 } // namespace

@@ -7,6 +7,11 @@
 #include <QApplication>
 
 #include <linux/input-event-codes.h>
+#include <sys/socket.h>
+
+#include <csignal>
+#include <string>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -89,6 +94,52 @@ namespace {
             ASSERT_TRUE(waitUntil([&] { return !desk.shell().isPanelVisible(); })) << time;
         }
 
+        EXPECT_TRUE(test::PanelDesk::isConnected());
+    }
+
+    /// The compositor hears and says nothing while this lives.
+    class SilentCompositor {
+    public:
+        SilentCompositor()
+        {
+            const test::TestConnection connection;
+            ucred peer {};
+            socklen_t size = sizeof peer;
+            if (::getsockopt(
+                    wl_display_get_fd(connection.display()), SOL_SOCKET, SO_PEERCRED, &peer, &size)
+                == 0)
+                m_process = peer.pid;
+            tell(SIGSTOP);
+        }
+        ~SilentCompositor() { tell(SIGCONT); }
+        SilentCompositor(const SilentCompositor&) = delete;
+        SilentCompositor& operator=(const SilentCompositor&) = delete;
+
+    private:
+        void tell(int signal) const
+        {
+            if (m_process > 0)
+                ::kill(m_process, signal);
+        }
+
+        pid_t m_process = 0;
+    };
+
+    TEST(LayerPanelTest, ACompositorThatKeepsSilentGetsNoPanelUntilItAnswersAgain)
+    {
+        test::PanelDesk desk;
+        ASSERT_TRUE(test::PanelDesk::isConnected());
+        {
+            const SilentCompositor silent;
+
+            desk.shell().showPanel();
+
+            EXPECT_FALSE(desk.shell().isPanelVisible());
+        }
+        EXPECT_EQ(desk.log.lines,
+            std::vector<std::string> { "Korvane: the compositor gives the panel no place" });
+
+        EXPECT_TRUE(desk.open());
         EXPECT_TRUE(test::PanelDesk::isConnected());
     }
 
