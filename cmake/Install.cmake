@@ -11,7 +11,8 @@ install(TARGETS korvane RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(DIRECTORY resources/sounds DESTINATION "${share}/korvane" FILES_MATCHING PATTERN "*.wav")
 
 # Menus and the autostart of a session do not know every folder in which a program may lie, so the
-# entry names it by its whole path. That is known when it is installed, and no sooner.
+# entry names it by its whole path. That is known when it is installed, and no sooner. By that path, too,
+# KWin knows the program that the entry lets list windows and type keys.
 install(CODE "
   cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_PREFIX NORMALIZE OUTPUT_VARIABLE prefix)
   cmake_path(APPEND prefix \"${CMAKE_INSTALL_BINDIR}\" korvane OUTPUT_VARIABLE KORVANE_PROGRAM)

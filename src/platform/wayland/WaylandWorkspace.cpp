@@ -10,6 +10,10 @@ namespace korvane {
 
 namespace {
 
+    using std::chrono::steady_clock;
+
+    // A window of which nothing is told in this time is none that anybody works in.
+    constexpr std::chrono::seconds patience { 1 };
     // No name of a program is longer, and a title of this length says all that is used of it.
     constexpr std::size_t maxTextBytes = 1024;
 
@@ -35,7 +39,10 @@ WaylandWorkspace::WaylandWorkspace(
     , m_entries(entries)
     , m_isPanelOpen(std::move(isPanelOpen))
     , m_list(WindowList::open(connection,
-          { .announced = [this](std::uint64_t id) { follow([this, id] { m_unknown.insert(id); }); },
+          { .announced =
+                  [this](std::uint64_t id) {
+                      follow([this, id] { m_unknown[id] = steady_clock::now(); });
+                  },
               .changed =
                   [this](const ListedWindow& window) {
                       follow([this, window] { windowChanged(window); });
@@ -80,15 +87,21 @@ const ListedWindow* WaylandWorkspace::inFront() const
     return found == m_windows.end() ? nullptr : &found->second;
 }
 
+bool WaylandWorkspace::isFrontUnknown() const
+{
+    return std::ranges::any_of(m_unknown,
+        [now = steady_clock::now()](const auto& window) { return now - window.second < patience; });
+}
+
 std::uint64_t WaylandWorkspace::frontWindow() const
 {
-    return m_unknown.empty() ? m_front : 0;
+    return isFrontUnknown() ? 0 : m_front;
 }
 
 std::optional<RunningApplication> WaylandWorkspace::frontmost()
 {
     RunningApplication application;
-    application.isKnown = m_unknown.empty();
+    application.isKnown = !isFrontUnknown();
     if (!application.isKnown)
         return application;
     const auto* const window = inFront();

@@ -5,12 +5,12 @@
 #include "platform/wayland/WindowList.h"
 #include "platform/xdg/DesktopEntries.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 
 namespace korvane {
 
@@ -45,6 +45,7 @@ private:
     void follow(MainLoop::Task news);
     void windowChanged(const ListedWindow& window);
     void windowClosed(std::uint64_t id);
+    bool isFrontUnknown() const;
     const ListedWindow* inFront() const;
 
     WaylandConnection& m_connection;
@@ -53,7 +54,7 @@ private:
     std::map<std::uint64_t, ListedWindow> m_windows;
     /// Windows that have come and of which we have yet to be told what they are: on KDE each is asked
     /// for, and what happens until the answer comes may have happened in it.
-    std::set<std::uint64_t> m_unknown;
+    std::map<std::uint64_t, std::chrono::steady_clock::time_point> m_unknown;
     std::uint64_t m_front = 0;
     bool m_isStarting = true;
     // Shared with what is told in order, which may come after our end and must then do nothing.

@@ -139,7 +139,7 @@ KeyTarget::~KeyTarget()
 {
     if (m_keyboard != nullptr)
         wl_keyboard_destroy(m_keyboard);
-    wl_seat_destroy(m_seat);
+    m_client.end(m_seat);
 }
 
 bool KeyTarget::hasKeyboard()

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 namespace korvane::test {
 
@@ -15,6 +16,12 @@ namespace {
     using Device = zwlr_data_control_device_v1;
     using OfferProxy = zwlr_data_control_offer_v1;
     using Source = zwlr_data_control_source_v1;
+
+    void destroy(OfferProxy* offer)
+    {
+        if (offer != nullptr)
+            zwlr_data_control_offer_v1_destroy(offer);
+    }
 
 } // namespace
 
@@ -31,14 +38,23 @@ PrimaryPeer::PrimaryPeer()
             [](void*, Device*, OfferProxy* offer) {
                 zwlr_data_control_offer_v1_add_listener(offer, &types, nullptr);
             },
-        .selection = [](void*, Device*, OfferProxy*) {},
+        .selection = [](void*, Device*, OfferProxy* offer) { destroy(offer); },
         .finished = [](void*, Device*) {},
-        .primary_selection
-        = [](void* self, Device*,
-              OfferProxy* offer) { static_cast<PrimaryPeer*>(self)->m_offer = offer; },
+        .primary_selection =
+            [](void* self, Device*, OfferProxy* offer) {
+                destroy(std::exchange(static_cast<PrimaryPeer*>(self)->m_offer, offer));
+            },
     };
     zwlr_data_control_device_v1_add_listener(m_device, &listener, this);
     m_client.sync();
+}
+
+PrimaryPeer::~PrimaryPeer()
+{
+    destroy(m_offer);
+    if (m_source != nullptr)
+        zwlr_data_control_source_v1_destroy(m_source);
+    zwlr_data_control_device_v1_destroy(m_device);
 }
 
 void PrimaryPeer::copy(const std::string& text)
@@ -54,10 +70,10 @@ void PrimaryPeer::copy(const std::string& text)
             },
         .cancelled = [](void*, Source*) {},
     };
-    auto* const source = zwlr_data_control_manager_v1_create_data_source(m_manager);
-    zwlr_data_control_source_v1_add_listener(source, &listener, this);
-    zwlr_data_control_source_v1_offer(source, "UTF8_STRING");
-    zwlr_data_control_device_v1_set_primary_selection(m_device, source);
+    m_source = zwlr_data_control_manager_v1_create_data_source(m_manager);
+    zwlr_data_control_source_v1_add_listener(m_source, &listener, this);
+    zwlr_data_control_source_v1_offer(m_source, "UTF8_STRING");
+    zwlr_data_control_device_v1_set_primary_selection(m_device, m_source);
     m_client.sync();
 }
 

@@ -15,7 +15,7 @@ public:
     PrimaryPeer();
     PrimaryPeer(const PrimaryPeer&) = delete;
     PrimaryPeer& operator=(const PrimaryPeer&) = delete;
-    ~PrimaryPeer() = default;
+    ~PrimaryPeer();
 
     /// Puts a text there, in the type "UTF8_STRING".
     void copy(const std::string& text);
@@ -27,6 +27,7 @@ private:
     zwlr_data_control_manager_v1* m_manager;
     zwlr_data_control_device_v1* m_device;
     zwlr_data_control_offer_v1* m_offer = nullptr;
+    zwlr_data_control_source_v1* m_source = nullptr;
     std::string m_text;
 };
 

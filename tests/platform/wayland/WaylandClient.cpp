@@ -9,6 +9,29 @@
 
 namespace korvane::test {
 
+namespace {
+
+    /// Puts a picture on a surface that has none yet, by which it comes on the screen.
+    wl_buffer* draw(const WaylandClient& client, wl_surface* surface)
+    {
+        constexpr std::int32_t width = 200;
+        constexpr std::int32_t height = 100;
+        constexpr std::int32_t bytes = width * height * 4;
+        const Descriptor memory(::memfd_create("picture", MFD_CLOEXEC));
+        if (::ftruncate(memory.number(), bytes) != 0)
+            return nullptr;
+        auto* const pool = wl_shm_create_pool(client.sharedMemory(), memory.number(), bytes);
+        auto* const buffer
+            = wl_shm_pool_create_buffer(pool, 0, width, height, width * 4, WL_SHM_FORMAT_XRGB8888);
+        wl_shm_pool_destroy(pool);
+        wl_surface_attach(surface, buffer, 0, 0);
+        wl_surface_damage(surface, 0, 0, width, height);
+        wl_surface_commit(surface);
+        return buffer;
+    }
+
+} // namespace
+
 WaylandClient::WaylandClient()
     : m_display(wl_display_connect(nullptr))
 {
@@ -37,13 +60,30 @@ WaylandClient::WaylandClient()
         xdg_wm_base_add_listener(m_shell, &pings, nullptr);
 }
 
-void* WaylandClient::bindGlobal(const wl_interface& interface, std::uint32_t version)
+WaylandClient::~WaylandClient()
+{
+    // The library forgets what is left when the connection ends, and does not free it.
+    for (auto* const proxy : m_bound)
+        wl_proxy_destroy(proxy);
+    if (m_registry != nullptr)
+        wl_registry_destroy(m_registry);
+}
+
+wl_proxy* WaylandClient::bindGlobal(const wl_interface& interface, std::uint32_t version)
 {
     const auto found = m_globals.find(std::string_view(interface.name));
     if (found == m_globals.end())
         return nullptr;
-    return wl_registry_bind(
-        m_registry, found->second.name, &interface, std::min(found->second.version, version));
+    auto* const proxy = static_cast<wl_proxy*>(wl_registry_bind(
+        m_registry, found->second.name, &interface, std::min(found->second.version, version)));
+    m_bound.push_back(proxy);
+    return proxy;
+}
+
+void WaylandClient::endProxy(wl_proxy* proxy)
+{
+    std::erase(m_bound, proxy);
+    wl_proxy_destroy(proxy);
 }
 
 void WaylandClient::listen()
@@ -60,6 +100,43 @@ void WaylandClient::listen()
     wl_display_flush(display());
 }
 
+WaylandPanel::WaylandPanel(WaylandClient& client)
+    : m_client(client)
+    , m_surface(wl_compositor_create_surface(client.compositor()))
+{
+    auto* const shell = client.bind<zwlr_layer_shell_v1>(zwlr_layer_shell_v1_interface, 3);
+    m_layer = zwlr_layer_shell_v1_get_layer_surface(
+        shell, m_surface, nullptr, ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, "panel");
+    static constexpr zwlr_layer_surface_v1_listener listener {
+        .configure =
+            [](void* self, zwlr_layer_surface_v1* layer, std::uint32_t serial, std::uint32_t,
+                std::uint32_t) {
+                zwlr_layer_surface_v1_ack_configure(layer, serial);
+                auto& panel = *static_cast<WaylandPanel*>(self);
+                if (panel.m_buffer == nullptr)
+                    panel.m_buffer = draw(panel.m_client, panel.m_surface);
+            },
+        .closed = [](void*, zwlr_layer_surface_v1*) {},
+    };
+    zwlr_layer_surface_v1_add_listener(m_layer, &listener, this);
+    zwlr_layer_surface_v1_set_size(m_layer, 200, 100);
+    zwlr_layer_surface_v1_set_keyboard_interactivity(
+        m_layer, ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
+    wl_surface_commit(m_surface);
+    for (int tries = 0; tries < 100 && m_buffer == nullptr; ++tries)
+        m_client.sync();
+    m_client.sync();
+}
+
+WaylandPanel::~WaylandPanel()
+{
+    zwlr_layer_surface_v1_destroy(m_layer);
+    wl_surface_destroy(m_surface);
+    if (m_buffer != nullptr)
+        wl_buffer_destroy(m_buffer);
+    m_client.sync();
+}
+
 WaylandWindow::WaylandWindow(
     WaylandClient& client, const std::string& appId, const std::string& title)
     : m_client(client)
@@ -73,7 +150,7 @@ WaylandWindow::WaylandWindow(
                 xdg_surface_ack_configure(surface, serial);
                 auto& window = *static_cast<WaylandWindow*>(self);
                 if (!window.m_isConfigured)
-                    window.draw();
+                    window.m_buffer = draw(window.m_client, window.m_surface);
                 window.m_isConfigured = true;
             },
     };
@@ -110,22 +187,6 @@ WaylandWindow::~WaylandWindow()
     if (m_buffer != nullptr)
         wl_buffer_destroy(m_buffer);
     m_client.sync();
-}
-
-void WaylandWindow::draw()
-{
-    constexpr std::int32_t width = 200;
-    constexpr std::int32_t height = 100;
-    constexpr std::int32_t bytes = width * height * 4;
-    const Descriptor memory(::memfd_create("window", MFD_CLOEXEC));
-    if (::ftruncate(memory.number(), bytes) != 0)
-        return;
-    auto* const pool = wl_shm_create_pool(m_client.sharedMemory(), memory.number(), bytes);
-    m_buffer = wl_shm_pool_create_buffer(pool, 0, width, height, width * 4, WL_SHM_FORMAT_XRGB8888);
-    wl_shm_pool_destroy(pool);
-    wl_surface_attach(m_surface, m_buffer, 0, 0);
-    wl_surface_damage(m_surface, 0, 0, width, height);
-    wl_surface_commit(m_surface);
 }
 
 bool WaylandWindow::isActive()

@@ -3,6 +3,7 @@
 #include "model/Files.h"
 
 #include <wayland-client.h>
+#include <wlr-layer-shell-unstable-v1-client-protocol.h>
 #include <xdg-shell-client-protocol.h>
 
 #include <cstdint>
@@ -21,14 +22,20 @@ public:
     WaylandClient();
     WaylandClient(const WaylandClient&) = delete;
     WaylandClient& operator=(const WaylandClient&) = delete;
-    ~WaylandClient() = default;
+    ~WaylandClient();
 
     wl_display* display() const { return m_display.get(); }
     /// Binds a global; null where there is none. It ends with the connection.
     template <typename Proxy>
     Proxy* bind(const wl_interface& interface, std::uint32_t version)
     {
-        return static_cast<Proxy*>(bindGlobal(interface, version));
+        return reinterpret_cast<Proxy*>(bindGlobal(interface, version));
+    }
+    /// Ends a global that was bound before the connection does, so that nobody hears of it any more.
+    template <typename Proxy>
+    void end(Proxy* bound)
+    {
+        endProxy(reinterpret_cast<wl_proxy*>(bound));
     }
     wl_seat* seat() const { return m_seat; }
     wl_compositor* compositor() const { return m_compositor; }
@@ -49,15 +56,32 @@ private:
         std::uint32_t version = 0;
     };
 
-    void* bindGlobal(const wl_interface& interface, std::uint32_t version);
+    wl_proxy* bindGlobal(const wl_interface& interface, std::uint32_t version);
+    void endProxy(wl_proxy* proxy);
 
     std::unique_ptr<wl_display, Disconnect> m_display;
     wl_registry* m_registry = nullptr;
     std::map<std::string, Global, std::less<>> m_globals;
+    std::vector<wl_proxy*> m_bound;
     wl_seat* m_seat = nullptr;
     wl_compositor* m_compositor = nullptr;
     wl_shm* m_sharedMemory = nullptr;
     xdg_wm_base* m_shell = nullptr;
+};
+
+/// A panel above all windows that takes the keyboard, as ours does: from its making to its end.
+class WaylandPanel {
+public:
+    explicit WaylandPanel(WaylandClient& client);
+    WaylandPanel(const WaylandPanel&) = delete;
+    WaylandPanel& operator=(const WaylandPanel&) = delete;
+    ~WaylandPanel();
+
+private:
+    WaylandClient& m_client;
+    wl_surface* m_surface = nullptr;
+    zwlr_layer_surface_v1* m_layer = nullptr;
+    wl_buffer* m_buffer = nullptr;
 };
 
 /// An ordinary window of such a program: on the screen from its making to its end.
@@ -73,8 +97,6 @@ public:
     void setTitle(const std::string& title);
 
 private:
-    void draw();
-
     WaylandClient& m_client;
     wl_surface* m_surface = nullptr;
     xdg_surface* m_shellSurface = nullptr;

@@ -19,20 +19,6 @@ namespace {
     using test::waitUntil;
     using test::WorkspaceFixture;
 
-    TEST(X11WorkspaceTest, TheApplicationInFrontIsIdentifiedByItsEntry)
-    {
-        WorkspaceFixture f;
-        f.install("org.example.Editor", "Name=Fine Editor\n");
-        f.window.setClass("editor", "Editor");
-
-        const auto application = f.whenInFront();
-
-        ASSERT_TRUE(application);
-        EXPECT_EQ(application->bundleIdentifier, "org.example.Editor");
-        EXPECT_EQ(application->localizedName, "Fine Editor");
-        EXPECT_EQ(application->window, f.window.id());
-    }
-
     TEST(X11WorkspaceTest, TheApplicationsOwnIdentifierCounts)
     {
         WorkspaceFixture f;
@@ -63,18 +49,6 @@ namespace {
         EXPECT_EQ(f.workspace.frontmost()->bundleIdentifier, "self");
     }
 
-    TEST(X11WorkspaceTest, WithoutAnEntryTheClassIsIdentifierAndName)
-    {
-        WorkspaceFixture f;
-        f.window.setClass("gadget", "Gadget");
-
-        const auto application = f.whenInFront();
-
-        ASSERT_TRUE(application);
-        EXPECT_EQ(application->bundleIdentifier, "Gadget");
-        EXPECT_EQ(application->localizedName, "Gadget");
-    }
-
     TEST(X11WorkspaceTest, WithoutAClassTheTitlesProgramIsTheName)
     {
         WorkspaceFixture f;
@@ -97,33 +71,6 @@ namespace {
         EXPECT_EQ(application->bundleIdentifier, std::nullopt);
         EXPECT_EQ(application->localizedName, std::nullopt);
         EXPECT_EQ(application->window, f.window.id());
-    }
-
-    TEST(X11WorkspaceTest, PasswordManagersAreKnownAsTheBuiltInListNamesThem)
-    {
-        WorkspaceFixture f;
-        f.window.setClass("keepassxc", "KeePassXC");
-
-        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "org.keepassx.keepassxc");
-    }
-
-    TEST(X11WorkspaceTest, APasswordManagerUnderAnotherNameIsKnownByTheRest)
-    {
-        WorkspaceFixture f;
-        f.install("com.example.repackaged", "Name=K\nStartupWMClass=KeePassXC\n");
-        f.window.setClass("keepassxc", "KeePassXC");
-
-        EXPECT_EQ(f.whenInFront()->bundleIdentifier, "org.keepassx.keepassxc");
-    }
-
-    TEST(X11WorkspaceTest, NothingIsInFrontWhenNothingIsActive)
-    {
-        WorkspaceFixture f;
-        ASSERT_TRUE(f.bringToFront(f.window));
-        f.window.destroy();
-
-        // Not every manager says so: some leave the number of the window that is gone.
-        EXPECT_TRUE(waitUntil([&] { return !f.workspace.frontmost(); }));
     }
 
     TEST(X11WorkspaceTest, AWindowOfOursIsNotTheApplicationInFront)
@@ -213,18 +160,6 @@ namespace {
         EXPECT_EQ(f.whenInFront()->bundleIdentifier, std::nullopt);
     }
 
-    TEST(X11WorkspaceTest, AnApplicationIsBroughtBackToTheFront)
-    {
-        WorkspaceFixture f;
-        const auto application = f.whenInFront();
-        TestWindow other(f.otherProgram);
-        ASSERT_TRUE(f.bringToFront(other));
-
-        f.workspace.activate(*application);
-
-        EXPECT_TRUE(waitUntil([&] { return f.window.isActive() && f.window.hasKeyboard(); }));
-    }
-
     TEST(X11WorkspaceTest, AnApplicationComesBackFromAPanelThatTheManagerNeverSaw)
     {
         WorkspaceFixture f;
@@ -239,21 +174,6 @@ namespace {
         f.workspace.activate(*application);
 
         EXPECT_TRUE(waitUntil([&] { return f.window.isActive() && f.window.hasKeyboard(); }));
-    }
-
-    TEST(X11WorkspaceTest, ActivatingAWindowThatIsGoneDoesNothing)
-    {
-        WorkspaceFixture f;
-        const auto application = f.whenInFront();
-        f.window.destroy();
-        TestWindow other(f.otherProgram);
-        ASSERT_TRUE(f.bringToFront(other));
-
-        f.workspace.activate(*application);
-        f.deliverEvents();
-
-        EXPECT_TRUE(other.isActive());
-        EXPECT_TRUE(other.hasKeyboard());
     }
 
     TEST(X11WorkspaceTest, ATerminalIsKnownByItsEntryOrItsClass)
