@@ -32,6 +32,13 @@ namespace {
         return button == TestSeat::Button::left ? BTN_LEFT : BTN_RIGHT;
     }
 
+    struct Freed {
+        void operator()(char* text) const
+        {
+            std::free(text); // NOLINT(cppcoreguidelines-owning-memory): the library's text
+        }
+    };
+
     /// The whole of a layout, as text.
     std::string keymap(const char* layout, const char* variant)
     {
@@ -40,9 +47,9 @@ namespace {
         auto* const map = xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS);
         std::string text;
         if (map != nullptr) {
-            char* const written = xkb_keymap_get_as_string(map, XKB_KEYMAP_FORMAT_TEXT_V1);
-            text = written;
-            std::free(written); // NOLINT(cppcoreguidelines-no-malloc)
+            const std::unique_ptr<char, Freed> written(
+                xkb_keymap_get_as_string(map, XKB_KEYMAP_FORMAT_TEXT_V1));
+            text = written.get();
         }
         xkb_keymap_unref(map);
         xkb_context_unref(context);
