@@ -1,68 +1,18 @@
 #include "app/view/StageOnOverlay.h"
 
-#include "app/view/KorPanel.h"
-#include "look/view/PanelMenu.h"
-#include "support/FakeOverlay.h"
-#include "support/Input.h"
-#include "support/ManualLoop.h"
+#include "app/view/StageFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QLineEdit>
-#include <QToolTip>
 #include <QWindow>
 
-#include <memory>
 #include <vector>
 
 namespace korvane {
 namespace {
 
-    struct StageFixture {
-        StageFixture()
-        {
-            auto line = std::make_unique<QLineEdit>();
-            field = line.get();
-            panel.setContents(std::move(line));
-            panel.setKeyHandler([this](const KeyPress& press) {
-                presses.push_back(press);
-                return false;
-            });
-            panel.setVisibleFrame({ 400, 30, 360, 400 });
-            preview.setVisibleFrame({ 768, 100, 484, 200 });
-            stage.watch();
-        }
-        void open()
-        {
-            stage.show(panel);
-            field->setFocus();
-            test::settle();
-        }
-        /// The pointer comes to the ground.
-        void enterAt(const QPointF& place)
-        {
-            QEnterEvent enter(place, place, place);
-            QApplication::sendEvent(stage.ground(), &enter);
-        }
-        void pressAt(const QPoint& place, Qt::MouseButton button = Qt::LeftButton)
-        {
-            auto* const child = stage.ground()->childAt(place);
-            auto& target = child ? *child : *stage.ground();
-            test::press(target, target.mapFrom(stage.ground(), place), button);
-        }
-
-        test::FakeOverlay overlay;
-        test::ManualLoop loop;
-        StageOnOverlay stage { overlay, loop };
-        Observable<bool> isComposited { true };
-        KorPanel panel { isComposited, {}, KorPanel::Role::panel, stage.ground() };
-        KorPanel preview { isComposited, {}, KorPanel::Role::preview, stage.ground() };
-        QLineEdit* field = nullptr;
-        std::vector<KeyPress> presses;
-        int outside = 0;
-        Connection pressed = stage.pressed.connect([this] { ++outside; });
-    };
+    using test::StageFixture;
 
     TEST(StageOnOverlayTest, ThePanelIsAPartOfAWindowOverTheWholeOutput)
     {
@@ -290,74 +240,6 @@ namespace {
         QApplication::sendEvent(f.stage.ground()->windowHandle(), &down);
 
         EXPECT_EQ(f.overlay.keyboard, (std::vector { true, false, true }));
-    }
-
-    TEST(StageOnOverlayTest, AMenuHasAPlaceAboveTheGroundWhileItIsOpen)
-    {
-        StageFixture f;
-        f.open();
-        auto* const menu = PanelMenu::make(f.field);
-        menu->addLine("Copy", [] {});
-
-        menu->popup({ 450, 60 });
-        EXPECT_TRUE(menu->isVisible());
-        EXPECT_TRUE(menu->windowFlags().testFlag(Qt::BypassWindowManagerHint));
-        EXPECT_EQ(f.overlay.stood, std::vector<const QWidget*> { menu });
-        EXPECT_EQ(f.overlay.standing, 1);
-        menu->close();
-
-        EXPECT_EQ(f.overlay.standing, 0);
-    }
-
-    TEST(StageOnOverlayTest, AnOpenMenuGoesWithThePanel)
-    {
-        StageFixture f;
-        f.open();
-        auto* const menu = PanelMenu::make(f.field);
-        menu->addLine("Copy", [] {});
-        menu->popup({ 450, 60 });
-
-        f.stage.hide(f.panel);
-
-        EXPECT_EQ(f.overlay.standing, 0);
-        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    }
-
-    TEST(StageOnOverlayTest, AMenuThatGetsNoPlaceIsNotShownAndGoes)
-    {
-        StageFixture f;
-        f.open();
-        f.overlay.isRefusing = true;
-        const QPointer<PanelMenu> menu = PanelMenu::make(f.field);
-        int hidden = 0;
-        QObject::connect(menu, &QMenu::aboutToHide, [&] { ++hidden; });
-        menu->addLine("Copy", [] {});
-
-        menu->popup({ 450, 60 });
-        test::settle();
-        test::settle();
-
-        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-        EXPECT_EQ(hidden, 1);
-        EXPECT_TRUE(menu.isNull());
-    }
-
-    TEST(StageOnOverlayTest, AToolTipIsAPartOfTheGround)
-    {
-        StageFixture f;
-        f.open();
-
-        QToolTip::showText({ 500, 100 }, QStringLiteral("Pinned"), f.field);
-        QWidget* tip = nullptr;
-        for (auto* const child : f.stage.ground()->findChildren<QWidget*>())
-            tip = child->inherits("QTipLabel") ? child : tip;
-
-        ASSERT_NE(tip, nullptr);
-        EXPECT_EQ(tip->parentWidget(), f.stage.ground());
-        EXPECT_FALSE(tip->isWindow());
-        EXPECT_TRUE(tip->isVisible());
-        QToolTip::hideText();
-        f.stage.hide(f.panel);
     }
 
     TEST(StageOnOverlayTest, ToAssistiveTechnologyTheGroundIsTheWindowAndThePanelItsPart)
