@@ -14,7 +14,6 @@ namespace korvane {
 
 namespace {
 
-    constexpr const char* bareWindows = "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT";
     // The versions of what we make use of.
     constexpr std::uint32_t layerShellVersion = 4;
     constexpr std::uint32_t compositorVersion = 4;
@@ -42,12 +41,7 @@ namespace {
 
 void LayerShell::prepareToolkit()
 {
-    qputenv(bareWindows, "1");
-}
-
-void LayerShell::unprepareEnvironment()
-{
-    qunsetenv(bareWindows);
+    qputenv(toolkitVariable, "1");
 }
 
 std::unique_ptr<LayerShell> LayerShell::find()

@@ -27,8 +27,9 @@ public:
     /// To be called before the toolkit's application object is made: has it leave those windows bare that
     /// are outside the window manager's reach.
     static void prepareToolkit();
-    /// Programs that we start must not be told so; to be called when the application object stands.
-    static void unprepareEnvironment();
+    /// The variable of the environment by which the toolkit is told. It looks there at each showing of a
+    /// window, so it has to stay; programs that we start must not inherit it.
+    static constexpr const char* toolkitVariable = "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT";
 
     /// @return none where the toolkit runs on another platform, or the compositor has no layer shell
     static std::unique_ptr<LayerShell> find();
