@@ -16,6 +16,7 @@
 #include "platform/qt/PortalSettings.h"
 #include "platform/qt/QtDocumentFetcher.h"
 #include "platform/qt/QtMainLoop.h"
+#include "platform/wayland/qt/LayerShell.h"
 #include "platform/xdg/AutostartEntry.h"
 #include "platform/xdg/BaseFolders.h"
 #include "platform/xdg/CanberraSoundPlayer.h"
@@ -138,6 +139,7 @@ namespace {
             , m_app(ports(), folders.dataHome / folderName)
             , m_instance(std::move(claim), m_loop)
         {
+            m_desktop.withhold(LayerShell::toolkitVariable);
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
             m_connections.push_back(
                 m_session.panelLost.connect([this] { m_app.shell().hidePanel(); }));

@@ -6,8 +6,6 @@ namespace korvane {
 
 std::unique_ptr<WaylandSession> WaylandSession::open(MainLoop& loop, StatusItem& tray, Log& log)
 {
-    // Programs that we start are to make windows as ever.
-    LayerShell::unprepareEnvironment();
     auto shell = LayerShell::find();
     if (!shell)
         return nullptr;

@@ -38,14 +38,18 @@ namespace {
     }
 
     /// Starts the application with the address. False when there is none or it does not start.
-    bool launch(const Application& application, std::string uri)
+    bool launch(
+        const Application& application, std::string uri, const std::vector<std::string>& withheld)
     {
         if (!application)
             return false;
         GList uris { uri.data(), nullptr, nullptr };
         GError* error = nullptr;
+        const std::unique_ptr<GAppLaunchContext, Unref> context(g_app_launch_context_new());
+        for (const auto& variable : withheld)
+            g_app_launch_context_unsetenv(context.get(), variable.c_str());
         const auto isStarted
-            = g_app_info_launch_uris(application.get(), &uris, nullptr, &error) != FALSE;
+            = g_app_info_launch_uris(application.get(), &uris, context.get(), &error) != FALSE;
         const std::unique_ptr<GError, FreeError> kept(error);
         return isStarted;
     }
@@ -119,7 +123,7 @@ void XdgDesktop::revealFile(std::string_view path)
 void XdgDesktop::openFolderOf(const std::string& path)
 {
     const Application application(g_app_info_get_default_for_type("inode/directory", TRUE));
-    if (!launch(application, uriOf(std::filesystem::path(path).parent_path().string())))
+    if (!launch(application, uriOf(std::filesystem::path(path).parent_path().string()), m_withheld))
         m_log.line("Korvane: no application can show a folder");
 }
 
@@ -130,7 +134,7 @@ void XdgDesktop::openAddress(std::string_view address)
     if (!url.isValid() || url.host().isEmpty() || (scheme != "http" && scheme != "https"))
         return;
     const Application application(g_app_info_get_default_for_uri_scheme(scheme.constData()));
-    if (!launch(application, url.toEncoded().toStdString()))
+    if (!launch(application, url.toEncoded().toStdString(), m_withheld))
         m_log.line("Korvane: no application can open a web address");
 }
 

@@ -8,6 +8,8 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 
@@ -27,6 +29,9 @@ public:
     XdgDesktop(const XdgDesktop&) = delete;
     XdgDesktop& operator=(const XdgDesktop&) = delete;
 
+    /// Programs that are started do not inherit this variable of the environment, which is meant for us alone.
+    void withhold(std::string variable) { m_withheld.push_back(std::move(variable)); }
+
     /// A path that is not absolute is left alone.
     void revealFile(std::string_view path) override;
     void openAddress(std::string_view address) override;
@@ -37,6 +42,7 @@ private:
     void openFolderOf(const std::string& path);
 
     QDBusConnection m_bus;
+    std::vector<std::string> m_withheld;
     Log& m_log;
     std::chrono::milliseconds m_patience;
     std::unique_ptr<GioBus> m_gioBus; // none where there is no bus

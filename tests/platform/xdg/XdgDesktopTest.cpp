@@ -83,8 +83,9 @@ namespace {
         {
             const auto script = m_folder.path() / "recorder";
             write(script,
-                "#!/bin/sh\nprintf '%s' \"$*\" > '" + record().string() + ".part' && mv '"
-                    + record().string() + ".part' '" + record().string() + "'\n");
+                "#!/bin/sh\nprintf '%s%s' \"$*\" \"$KORVANE_TEST_OURS\" > '" + record().string()
+                    + ".part' && mv '" + record().string() + ".part' '" + record().string()
+                    + "'\n");
             fs::permissions(script, fs::perms::owner_all);
             write(m_folder.path() / "data/applications/recorder.desktop",
                 "[Desktop Entry]\nType=Application\nName=Recorder\nExec=" + script.string()
@@ -263,6 +264,22 @@ namespace {
         };
 
         EXPECT_EXIT(open(), testing::ExitedWithCode(0), "");
+    }
+
+    TEST_F(XdgDesktopDeathTest, WhatIsMeantForUsAloneIsNotInherited)
+    {
+        const auto open = [this](bool isWithheld, const char* expected) {
+            ::setenv("KORVANE_TEST_OURS", "ours", 1);
+            const Home home("inode/directory");
+            XdgDesktop desktop(QDBusConnection("nobody"), log);
+            if (isWithheld)
+                desktop.withhold("KORVANE_TEST_OURS");
+            desktop.revealFile("/tmp/a.txt");
+            leave(home, expected);
+        };
+
+        EXPECT_EXIT(open(false, "/tmpours"), testing::ExitedWithCode(0), "");
+        EXPECT_EXIT(open(true, "/tmp"), testing::ExitedWithCode(0), "");
     }
 
     TEST_F(XdgDesktopDeathTest, WithoutAnApplicationOneLineIsLogged)
