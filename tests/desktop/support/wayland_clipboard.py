@@ -1,0 +1,24 @@
+"""The clipboard of a Wayland desktop as programs without a window see it."""
+
+import subprocess
+
+from support.programs import Program
+
+TEXT = "text/plain"
+UTF8 = "text/plain;charset=utf-8"  # without it, a program may give the bytes of any other encoding
+
+
+class WaylandClipboard:
+    def __init__(self, desk):
+        self.desk = desk
+
+    def set(self, text, kind=TEXT):
+        """Puts bytes or a text on the clipboard; the program that serves it, which goes on behind our back.
+        The type is told, as the program would guess one from the text."""
+        owner = Program(self.desk, ["wl-copy", "--foreground", "-t", kind], stdin=text.encode() if isinstance(text, str) else text)
+        return owner
+
+    def get(self, kind=UTF8, seconds=10):
+        """What is on the clipboard, as bytes; empty when there is nothing, or no such type."""
+        answer = subprocess.run(["wl-paste", "-n", "-t", kind], capture_output=True, check=False, timeout=seconds)
+        return answer.stdout if answer.returncode == 0 else b""
