@@ -21,5 +21,6 @@ class WaylandTest(unittest.TestCase):
 
     def expect_no_new_clip(self, texts):
         """Proves that nothing but these texts was captured until now: the next copy is the next clip."""
+        self.korvane.turn()
         self.clipboard.set("the next copy")
         self.history.wait_for_texts(["the next copy", *texts], 5)

@@ -1,8 +1,11 @@
 """The clipboard of a Wayland desktop as programs without a window see it."""
 
+import itertools
+import os
 import subprocess
 
 from support.programs import Program
+from support.waiting import wait_for
 
 TEXT = "text/plain"
 UTF8 = "text/plain;charset=utf-8"  # without it, a program may give the bytes of any other encoding
@@ -16,6 +19,14 @@ class WaylandClipboard:
         """Puts bytes or a text on the clipboard; the program that serves it, which goes on behind our back.
         The type is told, as the program would guess one from the text."""
         owner = Program(self.desk, ["wl-copy", "--foreground", "-t", kind], stdin=text.encode() if isinstance(text, str) else text)
+        return owner
+
+    def set_types(self, types):
+        """Puts several types on the clipboard at once."""
+        copier = os.path.join(os.path.dirname(os.environ["KORVANE_HANDS"]), "korvane-copier")
+        owner = Program(self.desk, [copier, *itertools.chain(*types.items())])
+        first = next(iter(types))
+        wait_for("it is on the clipboard", lambda: self.get(first) == types[first].encode())
         return owner
 
     def get(self, kind=UTF8, seconds=10):

@@ -1,10 +1,8 @@
 """A copy in a program becomes a clip on the disk."""
 
-import json
-
-from support.history import clip
 from support.waiting import wait_for
 from support.wayland_case import WaylandTest
+from support.wayland_clipboard import UTF8
 from support.wayland_editors import WaylandFeatherPad, WaylandMousepad, XMousepad
 
 PROSE = "Grüße aus Köln, 漢字 und 😀\n\tnext line  "
@@ -99,10 +97,21 @@ class RefusalTest(WaylandTest):
         WaylandFeatherPad(self.desk)
         self.expect_refused("a secret of mine")
 
+    def test_what_its_owner_marks_as_a_secret_is_refused(self):
+        self.start_korvane()
+        self.clipboard.set_types({UTF8: "S3cret-pässword", "x-kde-passwordManagerHint": "secret"})
+        self.expect_refused("S3cret-pässword")
+
+    def test_what_its_owner_marks_as_no_secret_is_a_copy_like_any_other(self):
+        self.start_korvane()
+        self.clipboard.set_types({UTF8: "said aloud", "x-kde-passwordManagerHint": "public"})
+        self.history.wait_for_texts(["said aloud"], 5)
+
     def test_in_private_mode_copies_are_refused_until_it_ends(self):
         self.start_korvane(privateModeEnabled=True)
         self.clipboard.set("between us")
         wait_for("it is on the clipboard", lambda: self.clipboard.get() == b"between us")
+        self.korvane.wait_until_private_is(True)
         self.korvane.turn()
         self.korvane.set_preferences(privateModeEnabled=False)
         self.korvane.wait_until_private_is(False)

@@ -1,0 +1,59 @@
+// Copies several types at once and serves them until it is ended, without a window.
+//
+//   korvane-copier TYPE TEXT [TYPE TEXT…]      says "ok" when the compositor has taken it
+
+#include "platform/wayland/WaylandClient.h"
+
+#include <wlr-data-control-unstable-v1-client-protocol.h>
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+
+namespace {
+
+using Texts = std::map<std::string, std::string, std::less<>>;
+
+void send(void* texts, zwlr_data_control_source_v1*, const char* type, std::int32_t pipe)
+{
+    const korvane::Descriptor writeEnd(pipe);
+    const auto& text = static_cast<const Texts*>(texts)->at(type);
+    // Short texts, which a pipe takes at once. Whoever does not want them any longer is no concern of ours.
+    static_cast<void>(::write(writeEnd.number(), text.data(), text.size()) < 0);
+}
+
+void cancelled(void*, zwlr_data_control_source_v1* source)
+{
+    zwlr_data_control_source_v1_destroy(source);
+}
+
+constexpr zwlr_data_control_source_v1_listener listener { .send = send, .cancelled = cancelled };
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    Texts texts;
+    for (int place = 1; place + 1 < count; place += 2)
+        texts.emplace(arguments[place], arguments[place + 1]);
+    korvane::test::WaylandClient client;
+    auto* const manager
+        = client.bind<zwlr_data_control_manager_v1>(zwlr_data_control_manager_v1_interface, 1);
+    if (manager == nullptr || client.seat() == nullptr || texts.empty())
+        return 1;
+    auto* const source = zwlr_data_control_manager_v1_create_data_source(manager);
+    zwlr_data_control_source_v1_add_listener(source, &listener, &texts);
+    for (const auto& [type, text] : texts)
+        zwlr_data_control_source_v1_offer(source, type.c_str());
+    auto* const device = zwlr_data_control_manager_v1_get_data_device(manager, client.seat());
+    zwlr_data_control_device_v1_set_selection(device, source);
+    if (!client.sync())
+        return 1;
+    std::cout << "ok" << std::endl;
+    while (wl_display_dispatch(client.display()) >= 0) { }
+    return 0;
+}
