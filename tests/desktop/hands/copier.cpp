@@ -1,6 +1,8 @@
 // Copies several types at once and serves them until it is ended, without a window.
 //
-//   korvane-copier TYPE TEXT [TYPE TEXT…]      says "ok" when the compositor has taken it
+//   korvane-copier [--hang] TYPE TEXT [TYPE TEXT…]      says "ok" when the compositor has been told
+//
+//   --hang    stops before anybody can have asked for a text, as a program that hangs
 
 #include "platform/wayland/WaylandClient.h"
 
@@ -8,11 +10,13 @@
 
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdint>
 #include <functional>
 #include <iostream>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -38,7 +42,8 @@ constexpr zwlr_data_control_source_v1_listener listener { .send = send, .cancell
 int main(int count, char** arguments)
 {
     Texts texts;
-    for (int place = 1; place + 1 < count; place += 2)
+    const bool hangs = count > 1 && std::string_view(arguments[1]) == "--hang";
+    for (int place = hangs ? 2 : 1; place + 1 < count; place += 2)
         texts.emplace(arguments[place], arguments[place + 1]);
     korvane::test::WaylandClient client;
     auto* const manager
@@ -51,9 +56,10 @@ int main(int count, char** arguments)
         zwlr_data_control_source_v1_offer(source, type.c_str());
     auto* const device = zwlr_data_control_manager_v1_get_data_device(manager, client.seat());
     zwlr_data_control_device_v1_set_selection(device, source);
-    if (!client.sync())
-        return 1;
+    wl_display_flush(client.display());
     std::cout << "ok" << std::endl;
+    if (hangs)
+        ::raise(SIGSTOP);
     while (wl_display_dispatch(client.display()) >= 0) { }
     return 0;
 }

@@ -4,7 +4,7 @@ import itertools
 import os
 import subprocess
 
-from support.programs import Program
+from support.programs import Program, state_of
 from support.waiting import wait_for
 
 TEXT = "text/plain"
@@ -23,11 +23,19 @@ class WaylandClipboard:
 
     def set_types(self, types):
         """Puts several types on the clipboard at once."""
-        copier = os.path.join(os.path.dirname(os.environ["KORVANE_HANDS"]), "korvane-copier")
-        owner = Program(self.desk, [copier, *itertools.chain(*types.items())])
+        owner = Program(self.desk, [self.copier(), *itertools.chain(*types.items())])
         first = next(iter(types))
         wait_for("it is on the clipboard", lambda: self.get(first) == types[first].encode())
         return owner
+
+    def set_hanging(self, text):
+        """A program puts a text on the clipboard, and is stopped before anybody has asked for it."""
+        owner = Program(self.desk, [self.copier(), "--hang", UTF8, text])
+        wait_for("the program has stopped", lambda: state_of(owner.process.pid) == "T")
+        return owner
+
+    def copier(self):
+        return os.path.join(os.path.dirname(os.environ["KORVANE_HANDS"]), "korvane-copier")
 
     def get(self, kind=UTF8, seconds=10):
         """What is on the clipboard, as bytes; empty when there is nothing, or no such type."""

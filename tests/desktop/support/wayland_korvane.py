@@ -93,7 +93,11 @@ class WaylandKorvane(Korvane):
                  and ("checked" in self.private_button().states()) == is_on)
 
     def private_button(self):
-        return next((each for each in self.window("Korvane").descendants() if each.name == "Private Mode"), None)
+        return self.named_part("Private Mode")
+
+    def named_part(self, name):
+        """A part of the panel of whatever role."""
+        return next((each for each in self.window("Korvane").descendants() if each.name == name), None)
 
     def rows(self):
         return self.part("list", "Clips").names()
