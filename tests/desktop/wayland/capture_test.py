@@ -71,6 +71,7 @@ class CaptureTest(WaylandTest):
         self.korvane.start()
         self.korvane.open()
         self.assertEqual(len(self.korvane.rows()), 1)
+        self.korvane.close()
         self.expect_no_new_clip(["to be kept"])
 
     def test_a_text_outlives_the_program_that_it_was_copied_in(self):
