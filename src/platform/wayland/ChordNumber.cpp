@@ -1,5 +1,6 @@
 #include "platform/wayland/ChordNumber.h"
 
+#include "platform/wayland/SeatKeyboard.h"
 #include "platform/x11/KeyPositions.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -125,6 +126,22 @@ std::optional<std::int32_t> chordNumber(
     if (meant != withoutShift)
         number &= ~shiftNumber;
     return number;
+}
+
+ChordNumbers::ChordNumbers(const SeatKeyboard& user)
+    : m_user(user)
+    , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS))
+{
+    xkb_rule_names names {};
+    names.layout = "us";
+    m_usual.reset(xkb_keymap_new_from_names(m_context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
+
+std::optional<std::int32_t> ChordNumbers::numberOf(KeyCode position, ModifierMask modifiers) const
+{
+    if (auto* const keymap = m_user.keymap())
+        return chordNumber(keymap, m_user.layout(), position, modifiers);
+    return chordNumber(m_usual.get(), 0, position, modifiers);
 }
 
 } // namespace korvane

@@ -24,4 +24,24 @@ namespace korvane {
 std::optional<std::int32_t> chordNumber(
     xkb_keymap* keymap, xkb_layout_index_t layout, KeyCode position, ModifierMask modifiers);
 
+class SeatKeyboard;
+
+/// The same on the user's keyboard. As long as the compositor has not told what its keys mean, they are
+/// taken for those of the commonest layout.
+class ChordNumbers {
+public:
+    /// @param user  must outlive this
+    explicit ChordNumbers(const SeatKeyboard& user);
+    ChordNumbers(const ChordNumbers&) = delete;
+    ChordNumbers& operator=(const ChordNumbers&) = delete;
+    ~ChordNumbers() = default;
+
+    std::optional<std::int32_t> numberOf(KeyCode position, ModifierMask modifiers) const;
+
+private:
+    const SeatKeyboard& m_user;
+    XkbContext m_context;
+    XkbKeymap m_usual;
+};
+
 } // namespace korvane

@@ -75,7 +75,7 @@ void SeatKeyboard::takeKeyboard(bool isThere)
             [](void* self, wl_keyboard*, std::uint32_t, std::uint32_t depressed, std::uint32_t,
                 std::uint32_t, std::uint32_t group) {
                 keyboardOf(self).m_held = depressed;
-                keyboardOf(self).m_layout = group;
+                keyboardOf(self).setLayout(group);
             },
         .repeat_info = [](void*, wl_keyboard*, std::int32_t, std::int32_t) {},
     };
@@ -93,6 +93,15 @@ void SeatKeyboard::readKeymap(int descriptor, std::uint32_t size)
     m_keymap.reset(xkb_keymap_new_from_buffer(m_context.get(), keymap.data(), keymap.size(),
         XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS));
     ::munmap(text, size);
+    changed();
+}
+
+void SeatKeyboard::setLayout(xkb_layout_index_t layout)
+{
+    if (m_layout == layout)
+        return;
+    m_layout = layout;
+    changed();
 }
 
 } // namespace korvane

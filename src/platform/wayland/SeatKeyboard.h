@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Signal.h"
 #include "platform/wayland/XkbHandles.h"
 
 #include <wayland-client.h>
@@ -28,6 +29,9 @@ public:
     /// The modifiers that are held, as a mask of the keymap.
     xkb_mod_mask_t heldModifiers() const { return m_held; }
 
+    /// The keys mean something else now: the user has changed the layout or the keyboard.
+    Signal<> changed;
+
 private:
     struct Destroy {
         void operator()(wl_registry* registry) const { wl_registry_destroy(registry); }
@@ -38,6 +42,7 @@ private:
     void bindSeat(std::uint32_t name);
     void takeKeyboard(bool isThere);
     void readKeymap(int descriptor, std::uint32_t size);
+    void setLayout(xkb_layout_index_t layout);
 
     XkbContext m_context;
     XkbKeymap m_keymap;
