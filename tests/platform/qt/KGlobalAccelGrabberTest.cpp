@@ -1,64 +1,24 @@
-#include "platform/qt/KGlobalAccelGrabber.h"
-
-#include "ShortcutService.h"
-#include "support/ManualLoop.h"
+#include "KGlobalAccelFixture.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <vector>
 
 namespace korvane {
 namespace {
 
-    using test::ShortcutService;
-    using test::waitUntil;
-    using Answer = ShortcutService::Answer;
-    using Asked = std::vector<std::string>;
     using namespace std::chrono_literals;
-
-    const QString down = "globalShortcutPressed";
-    const QString up = "globalShortcutReleased";
-    const std::string registered = "doRegister com.VNT.Korvane|open|Korvane|Open Korvane";
-    const std::string freed = "unregister com.VNT.Korvane open";
-
-    std::string askedFor(int number)
-    {
-        return "setShortcutKeys com.VNT.Korvane|open|Korvane|Open Korvane " + std::to_string(number)
-            + ",0,0,0, 6";
-    }
-
-    /// A desktop whose service numbers the chords of Space and Tab, and knows no other key.
-    struct GrabberFixture {
-        bool grab(KeyCode key = keycodes::space) { return grabber.grab(key, modifiers::control); }
-        bool hears(int count)
-        {
-            return waitUntil([&] { return presses >= count; }) && settle() && presses == count;
-        }
-        bool settle() { return service.settle(connection); }
-
-        test::SessionBus bus;
-        ShortcutService service { bus };
-        QDBusConnection connection = bus.connection("korvane");
-        test::ManualLoop loop;
-        std::map<KeyCode, std::int32_t> numbers { { keycodes::space, 100 },
-            { keycodes::tab, 200 } };
-        KGlobalAccelGrabber grabber { loop,
-            [this](KeyCode key, ModifierMask mask) -> std::optional<std::int32_t> {
-                const auto known = numbers.find(key);
-                if (known == numbers.end() || mask != modifiers::control)
-                    return std::nullopt;
-                return known->second;
-            },
-            connection };
-        int presses = 0;
-        Connection pressed = grabber.pressed.connect([this] { ++presses; });
-    };
+    using test::Asked;
+    using test::askedFor;
+    using test::down;
+    using test::freed;
+    using test::KGlobalAccelFixture;
+    using test::registered;
+    using test::ShortcutService;
+    using test::up;
+    using Answer = ShortcutService::Answer;
 
     TEST(KGlobalAccelGrabberTest, TheServiceIsAskedForThisChordAndNoOtherThatItRemembers)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
 
         EXPECT_TRUE(f.grab());
 
@@ -67,7 +27,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, EveryPressOfTheChordIsTold)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         f.service.tell(down);
@@ -79,7 +39,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AHeldChordIsToldOnceHoweverOftenTheServiceRepeatsIt)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         for (int repetition = 0; repetition < 20; ++repetition)
@@ -92,7 +52,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AReleaseThatWasNeverToldDoesNotKeepTheNextPressBack)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
         f.service.tell(down);
         ASSERT_TRUE(f.hears(1));
@@ -108,7 +68,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, TheChordsOfOthersAreNotOurs)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
         auto other = f.bus.connection("other");
 
@@ -125,7 +85,7 @@ namespace {
     {
         for (const auto answer :
             { Answer::taken, Answer::another, Answer::error, Answer::nonsense }) {
-            GrabberFixture f;
+            KGlobalAccelFixture f;
             f.service.answers = answer;
 
             EXPECT_FALSE(f.grab());
@@ -139,7 +99,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AServiceThatKeepsSilentIsWaitedForASecondAndHoldsNothingForUs)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         f.service.answers = Answer::silence;
         QElapsedTimer elapsed;
         elapsed.start();
@@ -154,7 +114,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AnotherChordTakesThePlaceOfTheOneBefore)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         ASSERT_TRUE(f.grab(keycodes::tab));
@@ -167,7 +127,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, ARefusedChordLeavesNothingOfTheOneBefore)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
         f.service.answers = Answer::taken;
 
@@ -181,7 +141,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AKeyThatTheServiceCannotNameIsRefusedAndTheOneBeforeFreed)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         EXPECT_FALSE(f.grab(keycodes::v));
         ASSERT_TRUE(f.settle());
         EXPECT_EQ(f.service.asked(), Asked {});
@@ -195,7 +155,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AReleasedChordIsFreedOnceAndToldOfNoMore)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         f.grabber.release();
@@ -209,7 +169,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, ItsEndFreesTheChord)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         {
             KGlobalAccelGrabber grabber(
                 f.loop, [](KeyCode, ModifierMask) { return 300; }, f.connection);
@@ -221,63 +181,9 @@ namespace {
         EXPECT_EQ(f.service.asked(), (Asked { registered, askedFor(300), freed }));
     }
 
-    TEST(KGlobalAccelGrabberTest, AServiceThatComesBackIsAskedAgain)
-    {
-        GrabberFixture f;
-        ASSERT_TRUE(f.grab());
-        f.service.tell(down);
-        ASSERT_TRUE(f.hears(1));
-
-        f.service.vanish();
-        f.service.appear();
-
-        EXPECT_TRUE(waitUntil([&] { return f.service.asked().size() == 4; }));
-        EXPECT_EQ(
-            f.service.asked(), (Asked { registered, askedFor(100), registered, askedFor(100) }));
-        // The release of the key came to nobody.
-        f.service.tell(down);
-        EXPECT_TRUE(f.hears(2));
-    }
-
-    TEST(KGlobalAccelGrabberTest, AServiceThatComesBackIsAskedForNothingThatIsNotHeld)
-    {
-        GrabberFixture f;
-        ASSERT_TRUE(f.grab());
-        f.grabber.release();
-        f.service.vanish();
-        EXPECT_FALSE(f.grab());
-
-        f.service.appear();
-        ASSERT_TRUE(f.settle()); // we have heard that it is back
-        ASSERT_TRUE(f.settle()); // and it of what we asked then
-
-        EXPECT_EQ(f.service.asked(), (Asked { registered, askedFor(100), freed }));
-    }
-
-    TEST(KGlobalAccelGrabberTest, WithoutTheServiceTheChordIsRefused)
-    {
-        GrabberFixture f;
-        f.service.vanish();
-
-        EXPECT_FALSE(f.grab());
-
-        ASSERT_TRUE(f.settle());
-        EXPECT_EQ(f.service.asked(), Asked {});
-    }
-
-    TEST(KGlobalAccelGrabberTest, WithoutABusTheChordIsRefused)
-    {
-        test::ManualLoop loop;
-        KGlobalAccelGrabber grabber(
-            loop, [](KeyCode, ModifierMask) { return 300; },
-            QDBusConnection::connectToBus("unix:path=/nonexistent", "nowhere"));
-
-        EXPECT_FALSE(grabber.grab(keycodes::space, modifiers::control));
-    }
-
     TEST(KGlobalAccelGrabberTest, WhatIsHeldFollowsTheKeyWhenTheUserChangesTheLayout)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         f.grabber.followKeyboard();
@@ -293,7 +199,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AKeyThatTheLayoutLacksComesBackWithTheNextOne)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
         ASSERT_TRUE(f.grab());
 
         const auto number = f.numbers.extract(keycodes::space);
@@ -308,7 +214,7 @@ namespace {
 
     TEST(KGlobalAccelGrabberTest, AChangeOfTheLayoutTakesNothingThatIsNotHeld)
     {
-        GrabberFixture f;
+        KGlobalAccelFixture f;
 
         f.grabber.followKeyboard();
         ASSERT_TRUE(f.settle());
