@@ -48,7 +48,7 @@ namespace {
             { "application in front", listsWindows,
                 listsWindows ? "" : entry + "; without it ignored applications are not known" },
             { "pasting", types, types ? "" : entry + "; without it, paste by the keyboard" },
-            { "global shortcut", false, bindAdvice(program) },
+            { "global shortcut", services.isKde(), services.isKde() ? "" : bindAdvice(program) },
             { "key presses elsewhere", false, std::string(ownPastes) },
         });
         std::string report = "Wayland\n";

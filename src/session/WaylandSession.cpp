@@ -1,5 +1,9 @@
 #include "session/WaylandSession.h"
 
+#include "platform/NoHotkeyGrabber.h"
+#include "platform/qt/KGlobalAccelGrabber.h"
+#include "platform/wayland/CompositorServices.h"
+
 #include <utility>
 
 namespace korvane {
@@ -21,9 +25,24 @@ WaylandSession::WaylandSession(
     , m_stage(m_overlay, loop)
     , m_screens(tray, m_overlay, m_stage, loop)
     , m_platform(loop, m_shell->display(), [this] { return m_stage.isOpen(); })
-    , m_connections { m_stage.lost.connect([this] { panelLost(); }),
-        m_platform.connection().lost.connect([this] { closed(); }) }
+    , m_chordNumbers(m_platform.user())
 {
+    m_hotkeyGrabber = makeHotkeyGrabber(loop);
+    m_connections.push_back(m_stage.lost.connect([this] { panelLost(); }));
+    m_connections.push_back(m_platform.connection().lost.connect([this] { closed(); }));
+}
+
+std::unique_ptr<HotkeyGrabber> WaylandSession::makeHotkeyGrabber(MainLoop& loop)
+{
+    if (!CompositorServices::of(m_platform.connection()).isKde())
+        return std::make_unique<NoHotkeyGrabber>();
+    auto grabber = std::make_unique<KGlobalAccelGrabber>(
+        loop, [this](KeyCode keyCode, ModifierMask modifiers) {
+            return m_chordNumbers.numberOf(keyCode, modifiers);
+        });
+    m_connections.push_back(m_platform.user().changed.connect(
+        [grabber = grabber.get()] { grabber->followKeyboard(); }));
+    return grabber;
 }
 
 } // namespace korvane

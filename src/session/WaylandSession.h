@@ -2,13 +2,14 @@
 
 #include "app/view/OverlayScreens.h"
 #include "app/view/StageOnOverlay.h"
+#include "platform/wayland/ChordNumber.h"
 #include "platform/wayland/WaylandPlatform.h"
 #include "platform/wayland/qt/LayerOverlay.h"
 #include "platform/wayland/qt/LayerShell.h"
 #include "session/Session.h"
 
-#include <array>
 #include <memory>
+#include <vector>
 
 namespace korvane {
 
@@ -27,7 +28,7 @@ public:
 
     Pasteboard& pasteboard() override { return m_platform.pasteboard(); }
     Workspace& workspace() override { return m_platform.workspace(); }
-    HotkeyGrabber& hotkeyGrabber() override { return m_platform.hotkeyGrabber(); }
+    HotkeyGrabber& hotkeyGrabber() override { return *m_hotkeyGrabber; }
     KeyRecorder& keyRecorder() override { return m_platform.keyRecorder(); }
     Keyboard& keyboard() override { return m_platform.keyboard(); }
     Applications& applications() override { return m_platform.applications(); }
@@ -40,6 +41,7 @@ public:
     void tellFrame(std::uint32_t, const QRect&, const QSize&) override { }
 
 private:
+    std::unique_ptr<HotkeyGrabber> makeHotkeyGrabber(MainLoop& loop);
     WaylandSession(std::unique_ptr<LayerShell> shell, MainLoop& loop, StatusItem& tray, Log& log);
 
     std::unique_ptr<LayerShell> m_shell;
@@ -47,8 +49,10 @@ private:
     StageOnOverlay m_stage;
     OverlayScreens m_screens;
     WaylandPlatform m_platform;
+    ChordNumbers m_chordNumbers;
+    std::unique_ptr<HotkeyGrabber> m_hotkeyGrabber;
     Observable<bool> m_isComposited { true };
-    std::array<Connection, 2> m_connections;
+    std::vector<Connection> m_connections;
 };
 
 } // namespace korvane

@@ -16,7 +16,8 @@ namespace {
     /// KDE, as a program sees it that has no desktop entry.
     CompositorServices untrustingKde()
     {
-        return { { { "zwlr_data_control_manager_v1", 2 }, { "zwlr_layer_shell_v1", 3 } } };
+        return { { { "zwlr_data_control_manager_v1", 2 }, { "zwlr_layer_shell_v1", 3 },
+            { "org_kde_plasma_shell", 8 } } };
     }
 
     CompositorServices gnome()
@@ -113,6 +114,11 @@ namespace {
     {
         EXPECT_TRUE(says(on(untrustingKde()), "  application in front    no\n      KDE gives it"));
         EXPECT_TRUE(says(on(untrustingKde()), "  pasting                 no\n      KDE gives it"));
+    }
+
+    TEST(SessionReportTest, KdeGivesTheShortcutToEveryProgram)
+    {
+        EXPECT_TRUE(says(on(untrustingKde()), "  global shortcut         yes\n"));
     }
 
     TEST(SessionReportTest, TellsTheLimitsOfXwayland)

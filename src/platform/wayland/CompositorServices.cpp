@@ -18,6 +18,19 @@ namespace {
 
 } // namespace
 
+CompositorServices CompositorServices::of(const WaylandConnection& connection)
+{
+    CompositorServices services;
+    for (const auto& global : connection.globals())
+        services.globals.emplace(global.interface, global.version);
+    return services;
+}
+
+bool CompositorServices::isKde() const
+{
+    return offers("org_kde_plasma_shell");
+}
+
 bool CompositorServices::hasDataControl() const
 {
     return offers("ext_data_control_manager_v1") || offers("zwlr_data_control_manager_v1");
@@ -44,10 +57,7 @@ std::optional<CompositorServices> lookAtCompositor()
     const WaylandConnection connection(loop);
     if (connection.globals().empty())
         return std::nullopt;
-    CompositorServices services;
-    for (const auto& global : connection.globals())
-        services.globals.emplace(global.interface, global.version);
-    return services;
+    return CompositorServices::of(connection);
 }
 
 } // namespace korvane

@@ -9,10 +9,14 @@
 
 namespace korvane {
 
+class WaylandConnection;
+
 /// What a compositor offers, as its registry tells.
 struct CompositorServices {
     /// The version of each global, by the name of its interface.
     std::map<std::string, std::uint32_t, std::less<>> globals;
+
+    static CompositorServices of(const WaylandConnection& connection);
 
     bool offers(std::string_view interface) const { return globals.contains(interface); }
     /// Tells of copies that are made in other programs, and lets them be read.
@@ -21,6 +25,8 @@ struct CompositorServices {
     bool hasLayerShell() const;
     /// Lists the windows of other programs, and brings one to the front.
     bool hasWindowList() const;
+    /// KDE's, whose session has a service for global shortcuts.
+    bool isKde() const;
     /// Takes keys that a program types.
     bool hasTyping() const;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/NoHotkeyGrabber.h"
 #include "platform/wayland/SeatKeyboard.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandKeyRecorder.h"
@@ -27,10 +26,11 @@ public:
     WaylandConnection& connection() { return m_connection; }
     Pasteboard& pasteboard() { return m_pasteboard; }
     Workspace& workspace() { return m_workspace; }
-    HotkeyGrabber& hotkeyGrabber() { return m_hotkeyGrabber; }
     KeyRecorder& keyRecorder() { return m_keyRecorder; }
     Applications& applications() { return m_applications; }
     Keyboard& keyboard() { return m_keyboard; }
+    /// What the user's keys mean.
+    SeatKeyboard& user() { return m_user; }
 
 private:
     WaylandConnection m_connection;
@@ -42,7 +42,6 @@ private:
     WaylandPasteboard m_pasteboard;
     WaylandKeyboard m_keyboard;
     WaylandKeyRecorder m_keyRecorder;
-    NoHotkeyGrabber m_hotkeyGrabber;
 };
 
 } // namespace korvane

@@ -23,8 +23,9 @@ class SessionTest(WaylandTest):
         lines = said.splitlines()
         self.assertEqual(lines[0], "Wayland")
         services = {line[:26].strip(): line[26:] for line in lines if line[26:] in ("yes", "no")}
+        everywhere = {"copies of all programs", "panel under the icon", "application in front", "pasting"}
         self.assertEqual({name for name, answer in services.items() if answer == "yes"},
-                         {"copies of all programs", "panel under the icon", "application in front", "pasting"})
+                         everywhere | ({"global shortcut"} if self.desk.kind == "kwin" else set()))
 
     def test_the_settings_window_opens_from_the_panel_and_has_the_keyboard(self):
         self.start_korvane([clip("one")])
