@@ -1,4 +1,4 @@
-// Copies several types at once and serves them until it is ended, without a window.
+// Copies several types at once and serves them until another program copies, without a window.
 //
 //   korvane-copier [--hang] TYPE TEXT [TYPE TEXT…]      says "ok" when the compositor has been told
 //
@@ -22,17 +22,22 @@ namespace {
 
 using Texts = std::map<std::string, std::string, std::less<>>;
 
-void send(void* texts, zwlr_data_control_source_v1*, const char* type, std::int32_t pipe)
+struct Copy {
+    Texts texts;
+    bool isOver = false;
+};
+
+void send(void* copy, zwlr_data_control_source_v1*, const char* type, std::int32_t pipe)
 {
     const korvane::Descriptor writeEnd(pipe);
-    const auto& text = static_cast<const Texts*>(texts)->at(type);
+    const auto& text = static_cast<const Copy*>(copy)->texts.at(type);
     // Short texts, which a pipe takes at once. Whoever does not want them any longer is no concern of ours.
     static_cast<void>(::write(writeEnd.number(), text.data(), text.size()) < 0);
 }
 
-void cancelled(void*, zwlr_data_control_source_v1* source)
+void cancelled(void* copy, zwlr_data_control_source_v1*)
 {
-    zwlr_data_control_source_v1_destroy(source);
+    static_cast<Copy*>(copy)->isOver = true;
 }
 
 constexpr zwlr_data_control_source_v1_listener listener { .send = send, .cancelled = cancelled };
@@ -41,18 +46,18 @@ constexpr zwlr_data_control_source_v1_listener listener { .send = send, .cancell
 
 int main(int count, char** arguments)
 {
-    Texts texts;
+    Copy copy;
     const bool hangs = count > 1 && std::string_view(arguments[1]) == "--hang";
     for (int place = hangs ? 2 : 1; place + 1 < count; place += 2)
-        texts.emplace(arguments[place], arguments[place + 1]);
+        copy.texts.emplace(arguments[place], arguments[place + 1]);
     korvane::test::WaylandClient client;
     auto* const manager
         = client.bind<zwlr_data_control_manager_v1>(zwlr_data_control_manager_v1_interface, 1);
-    if (manager == nullptr || client.seat() == nullptr || texts.empty())
+    if (manager == nullptr || client.seat() == nullptr || copy.texts.empty())
         return 1;
     auto* const source = zwlr_data_control_manager_v1_create_data_source(manager);
-    zwlr_data_control_source_v1_add_listener(source, &listener, &texts);
-    for (const auto& [type, text] : texts)
+    zwlr_data_control_source_v1_add_listener(source, &listener, &copy);
+    for (const auto& [type, text] : copy.texts)
         zwlr_data_control_source_v1_offer(source, type.c_str());
     auto* const device = zwlr_data_control_manager_v1_get_data_device(manager, client.seat());
     zwlr_data_control_device_v1_set_selection(device, source);
@@ -60,6 +65,6 @@ int main(int count, char** arguments)
     std::cout << "ok" << std::endl;
     if (hangs)
         ::raise(SIGSTOP);
-    while (wl_display_dispatch(client.display()) >= 0) { }
+    while (!copy.isOver && wl_display_dispatch(client.display()) >= 0) { }
     return 0;
 }

@@ -59,7 +59,6 @@ class CaptureTest(WaylandTest):
 
     def test_what_is_on_the_clipboard_at_the_start_is_not_captured(self):
         self.clipboard.set("from before")
-        wait_for("it is on the clipboard", lambda: self.clipboard.get() == b"from before")
         self.start_korvane()
         self.expect_no_new_clip([])
 
@@ -111,7 +110,6 @@ class RefusalTest(WaylandTest):
     def test_in_private_mode_copies_are_refused_until_it_ends(self):
         self.start_korvane(privateModeEnabled=True)
         self.clipboard.set("between us")
-        wait_for("it is on the clipboard", lambda: self.clipboard.get() == b"between us")
         self.korvane.wait_until_private_is(True)
         self.korvane.turn()
         self.korvane.set_preferences(privateModeEnabled=False)
