@@ -38,13 +38,17 @@ class WaylandClipboard:
         if before is not None and state_of(before.process.pid) not in ("T", "Z", ""):
             wait_for("the owner before it has ended", lambda: before.process.poll() is not None)
         else:
-            wait_for(f"{text[:80]!r} is on the clipboard", lambda: self.get(kind) == text.encode())
+            wait_for(f"{text[:80]!r} is on the clipboard", lambda: self.get(kind, 1) == text.encode())
         return self.owner
 
     def copier(self):
         return os.path.join(os.path.dirname(os.environ["KORVANE_HANDS"]), "korvane-copier")
 
     def get(self, kind=UTF8, seconds=10):
-        """What is on the clipboard, as bytes; empty when there is nothing, or no such type."""
-        answer = subprocess.run(["wl-paste", "-n", "-t", kind], capture_output=True, check=False, timeout=seconds)
+        """What is on the clipboard, as bytes; empty when there is nothing, or no such type, or no answer: whoever asks
+        while the owner changes may be asking one that has gone."""
+        try:
+            answer = subprocess.run(["wl-paste", "-n", "-t", kind], capture_output=True, check=False, timeout=seconds)
+        except subprocess.TimeoutExpired:
+            return b""
         return answer.stdout if answer.returncode == 0 else b""
