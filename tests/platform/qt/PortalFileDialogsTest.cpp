@@ -82,6 +82,10 @@ namespace {
             EXPECT_EQ(kind, 0U); // a pattern
             patterns.push_back(pattern);
         }
+        filters.endArray();
+        filters.endStructure();
+        EXPECT_TRUE(filters.atEnd());
+        filters.endArray();
         EXPECT_EQ(name, "JSON (*.json)");
         EXPECT_EQ(patterns, (QStringList { "*.json", "*.JSON" }));
     }
