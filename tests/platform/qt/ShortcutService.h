@@ -36,10 +36,10 @@ public:
         : m_bus(bus.connection("shortcuts"))
     {
         m_object.answers = &answers;
-        EXPECT_TRUE(
-            m_bus.registerVirtualObject("/kglobalaccel", &m_object, QDBusConnection::SingleNode));
         m_object.moveToThread(&m_thread);
         m_thread.start();
+        EXPECT_TRUE(
+            m_bus.registerVirtualObject("/kglobalaccel", &m_object, QDBusConnection::SingleNode));
         appear();
     }
     ~ShortcutService()
