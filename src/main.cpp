@@ -50,6 +50,8 @@ namespace korvane {
 namespace {
 
     constexpr const char* folderName = "com.VNT.Korvane";
+    // Has the toolkit take listeners of assistive technology at any time; see `run`.
+    constexpr const char* alwaysAccessible = "QT_LINUX_ACCESSIBILITY_ALWAYS_ON";
 
     void say(FILE* stream, const std::string& line)
     {
@@ -140,6 +142,7 @@ namespace {
             , m_instance(std::move(claim), m_loop)
         {
             m_desktop.withhold(LayerShell::toolkitVariable);
+            m_desktop.withhold(alwaysAccessible);
             m_connections.push_back(m_instance.wished.connect([this](Wish wish) { fulfil(wish); }));
             m_connections.push_back(
                 m_session.panelLost.connect([this] { m_app.shell().hidePanel(); }));
@@ -308,7 +311,7 @@ namespace {
         // The toolkit would look only once, now, whether a screen reader runs, and not see one that the
         // user starts later. This is the switch that programs of other toolkits are kept out with.
         if (std::getenv("NO_AT_BRIDGE") == nullptr)
-            ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 0);
+            ::setenv(alwaysAccessible, "1", 0);
         // The class of the windows; their instance is the name of the program file.
         QCoreApplication::setApplicationName("Korvane");
         QCoreApplication::setApplicationVersion(KORVANE_VERSION);
@@ -332,7 +335,7 @@ namespace {
         TrayItem tray;
         const auto session = openSession(server, loop, tray, log);
         if (!session) {
-            say(stderr, "korvane: the compositor has gone");
+            say(stderr, "korvane: the compositor has gone, or gives the panel no place");
             return farewell.status = EXIT_FAILURE;
         }
         Program program(folders, std::move(claim), loop, tray, *session, log, documents);

@@ -34,20 +34,26 @@ namespace {
             + " --toggle";
     }
 
+    /// What to do about a service that is missing, and what it means.
+    std::string adviceFor(const CompositorServices& services, std::string_view meaning)
+    {
+        return services.isKde() ? std::string(restricted) + "; " + std::string(meaning)
+                                : std::string(meaning);
+    }
+
     std::string onWayland(const CompositorServices& services, std::string_view program)
     {
-        const std::string entry(services.offers("zwlr_foreign_toplevel_manager_v1")
-                    || services.offers("zwp_virtual_keyboard_manager_v1")
-                ? std::string_view()
-                : restricted);
         const bool listsWindows = services.hasWindowList();
         const bool types = services.hasTyping();
         const auto lines = std::to_array<Line>({
             { "copies of all programs", true, "" },
             { "panel under the icon", true, "" },
             { "application in front", listsWindows,
-                listsWindows ? "" : entry + "; without it ignored applications are not known" },
-            { "pasting", types, types ? "" : entry + "; without it, paste by the keyboard" },
+                listsWindows
+                    ? ""
+                    : adviceFor(services, "without it ignored applications are not known") },
+            { "pasting", types,
+                types ? "" : adviceFor(services, "without it, paste by the keyboard") },
             { "global shortcut", services.isKde(), services.isKde() ? "" : bindAdvice(program) },
             { "key presses elsewhere", false, std::string(ownPastes) },
         });
@@ -65,8 +71,15 @@ namespace {
                 + text({ "application in front", true, "" }) + text({ "pasting", true, "" })
                 + text({ "global shortcut", true, "" })
                 + text({ "key presses elsewhere", true, "" });
-        return std::string("X11, by Xwayland, as the compositor offers too little to a program\n")
-            + text({ "copies of all programs", true, "" })
+        // The X11 of a compositor that has the services of its own is blind.
+        const bool isBlind = facts.isCompositorFit();
+        return std::string(isBlind
+                       ? "X11, by Xwayland, as KORVANE_PLATFORM says\n"
+                       : "X11, by Xwayland, as the compositor offers too little to a program\n")
+            + text({ "copies of all programs", !isBlind,
+                isBlind ? "only what is copied while an X11 program is in front; without "
+                          "KORVANE_PLATFORM, all"
+                        : "" })
             + text({ "panel under the icon", true, "" })
             + text({ "application in front", false, "known for X11 programs only" })
             + text({ "pasting", false, "into X11 programs only" })

@@ -128,6 +128,24 @@ namespace {
             says(on(gnome()), "  pasting                 no\n      into X11 programs only\n"));
     }
 
+    TEST(SessionReportTest, TellsThatX11IsBlindWhereTheCompositorHasServicesOfItsOwn)
+    {
+        const auto facts = wanting("x11", on(wlroots()));
+
+        EXPECT_TRUE(says(facts, "X11, by Xwayland, as KORVANE_PLATFORM says\n"));
+        EXPECT_TRUE(says(facts, "  copies of all programs  no\n"));
+    }
+
+    TEST(SessionReportTest, SpeaksOfKdeOnKdeOnly)
+    {
+        const CompositorServices bare { { { "ext_data_control_manager_v1", 1 },
+            { "zwlr_layer_shell_v1", 4 } } };
+
+        EXPECT_TRUE(says(
+            on(bare), "  pasting                 no\n      without it, paste by the keyboard\n"));
+        EXPECT_FALSE(says(on(bare), "KDE"));
+    }
+
     TEST(SessionReportTest, PromisesEverythingOnX11)
     {
         EXPECT_EQ(sessionReport(on(std::nullopt), "korvane").find(" no"), std::string::npos);
