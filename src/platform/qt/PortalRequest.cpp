@@ -16,9 +16,7 @@ namespace korvane {
 namespace {
 
     const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-    constexpr uint accepted = 0;
-    constexpr uint cancelled = 1; // by the user; others: ended in another way
-    constexpr std::chrono::milliseconds atOnce { 300 };
+    constexpr uint accepted = 0; // 1: given up by the user, 2: ended in another way
 
     constexpr int mostClosings = 10;
     constexpr std::chrono::milliseconds betweenClosings { 500 };
@@ -87,7 +85,6 @@ void PortalRequest::replied(const QDBusPendingCallWatcher& call)
     if (reply.isError())
         return finish(End::unavailable, {}, reply.error().name());
     m_isTaken = true;
-    m_takenAt = m_loop.now();
     // Portals before 0.9 put it somewhere else.
     if (reply.value().path() != m_handle)
         listenTo(reply.value().path());
@@ -99,20 +96,13 @@ void PortalRequest::replied(const QDBusPendingCallWatcher& call)
 
 void PortalRequest::responded(const QDBusMessage& message)
 {
-    const bool isAtOnce = !m_isTaken || m_loop.now() - m_takenAt < atOnce;
     m_isTaken = true;
     if (message.signature() != QStringLiteral("ua{sv}"))
         return finish(End::givenUp, {}, QStringLiteral("it answers in a way of its own"));
     const auto arguments = message.arguments();
-    const auto code = arguments.value(0).toUInt();
-    if (code == accepted)
-        finish(End::accepted, qdbus_cast<QVariantMap>(arguments.value(1)), {});
-    else if (code != cancelled && isAtOnce)
-        // So answers a portal whose own program for dialogs does not start; no user is as quick. Later it may be
-        // the user, who has closed the dialog's window.
-        finish(End::unavailable, {}, QStringLiteral("it has ended the dialog at once"));
-    else
-        finish(End::givenUp, {}, {});
+    const bool isAccepted = arguments.value(0).toUInt() == accepted;
+    finish(isAccepted ? End::accepted : End::givenUp,
+        isAccepted ? qdbus_cast<QVariantMap>(arguments.value(1)) : QVariantMap(), {});
 }
 
 /// Before it has taken the question on, the bus itself answers in its place.

@@ -74,7 +74,6 @@ private: // NOLINT(readability-redundant-access-specifiers): the toolkit's own r
     Ended m_ended; // none when it has been told, or nobody wants to know
     QString m_handle;
     bool m_isTaken = false;       // the portal has taken the question on
-    TimePoint m_takenAt;          // once it has
     QDBusServiceWatcher m_owners; // of the portal's name
     Timer m_patience;
     int m_closings = 0; // that have been refused

@@ -135,28 +135,18 @@ namespace {
 
     TEST(PortalFileDialogsTest, WhoGivesUpAnswersNone)
     {
-        DialogsFixture f;
-        f.dialogs->chooseFile(f.answer());
-        ASSERT_TRUE(f.portal->isAsked());
+        for (const uint code : { 1U, 2U }) {
+            DialogsFixture f;
+            f.dialogs->chooseFile(f.answer());
+            ASSERT_TRUE(f.portal->isAsked());
 
-        f.portal->respond(1, {});
+            f.portal->respond(code, {});
 
-        ASSERT_TRUE(f.isAnswered());
-        EXPECT_EQ(f.chosen, Chosen { std::nullopt });
-        EXPECT_TRUE(f.log.lines.empty());
-        EXPECT_EQ(f.others.openings, 0);
-    }
-
-    TEST(PortalFileDialogsTest, WhereThePortalCannotShowItAfterAllTheOtherDialogOpens)
-    {
-        DialogsFixture f;
-        f.dialogs->chooseFile(f.answer());
-        ASSERT_TRUE(f.portal->isAsked());
-
-        f.portal->respond(2, {});
-
-        EXPECT_TRUE(waitUntil([&] { return f.others.openings == 1; }));
-        EXPECT_EQ(f.log.lines.size(), 1U);
+            ASSERT_TRUE(f.isAnswered());
+            EXPECT_EQ(f.chosen, Chosen { std::nullopt });
+            EXPECT_TRUE(f.log.lines.empty());
+            EXPECT_EQ(f.others.openings, 0);
+        }
     }
 
     TEST(PortalFileDialogsTest, WhatIsNoFileOfThisMachineIsNoneAndLogged)
