@@ -1,6 +1,7 @@
 #include "platform/wayland/ChordNumber.h"
 
 #include "platform/wayland/SeatKeyboard.h"
+#include "platform/wayland/XkbModifiers.h"
 #include "platform/x11/KeyPositions.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -15,15 +16,14 @@ namespace {
 
     struct Modifier {
         ModifierMask modifier;
-        const char* xkbName;
         std::int32_t number;
     };
     constexpr std::int32_t shiftNumber = 0x02000000;
     constexpr auto knownModifiers = std::to_array<Modifier>({
-        { modifiers::shift, XKB_MOD_NAME_SHIFT, shiftNumber },
-        { modifiers::control, XKB_MOD_NAME_CTRL, 0x04000000 },
-        { modifiers::option, XKB_MOD_NAME_ALT, 0x08000000 },
-        { modifiers::command, XKB_MOD_NAME_LOGO, 0x10000000 },
+        { modifiers::shift, shiftNumber },
+        { modifiers::control, 0x04000000 },
+        { modifiers::option, 0x08000000 },
+        { modifiers::command, 0x10000000 },
     });
 
     struct NamedKey {
@@ -72,17 +72,6 @@ namespace {
         if (isOnNumberPad || character < 0x20 || character == 0x7F)
             return std::nullopt;
         return static_cast<std::int32_t>(character);
-    }
-
-    xkb_mod_mask_t maskOf(xkb_keymap* keymap, ModifierMask modifiers)
-    {
-        xkb_mod_mask_t mask = 0;
-        for (const auto& known : knownModifiers) {
-            const auto index = xkb_keymap_mod_get_index(keymap, known.xkbName);
-            if ((modifiers & known.modifier) != 0 && index != XKB_MOD_INVALID)
-                mask |= xkb_mod_mask_t { 1 } << index;
-        }
-        return mask;
     }
 
     /// What the key means while these modifiers are held.

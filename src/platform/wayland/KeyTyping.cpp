@@ -1,5 +1,6 @@
 #include "platform/wayland/KeyTyping.h"
 
+#include "platform/wayland/XkbModifiers.h"
 #include "platform/x11/KeyPositions.h"
 
 #include <algorithm>
@@ -14,17 +15,16 @@ namespace {
 
     struct ModifierKeys {
         ModifierMask modifier;
-        const char* xkbModifier;
         std::array<const char*, 2>
             keys; ///< by the names of their positions: the left and the right one
     };
 
     // The second of Alt is, on many layouts, the one for the third character of a key.
     constexpr auto modifierKeys = std::to_array<ModifierKeys>({
-        { modifiers::control, XKB_MOD_NAME_CTRL, { "LCTL", "RCTL" } },
-        { modifiers::option, XKB_MOD_NAME_ALT, { "LALT", "RALT" } },
-        { modifiers::shift, XKB_MOD_NAME_SHIFT, { "LFSH", "RTSH" } },
-        { modifiers::command, XKB_MOD_NAME_LOGO, { "LWIN", "RWIN" } },
+        { modifiers::control, { "LCTL", "RCTL" } },
+        { modifiers::option, { "LALT", "RALT" } },
+        { modifiers::shift, { "LFSH", "RTSH" } },
+        { modifiers::command, { "LWIN", "RWIN" } },
     });
 
     bool hasSymbol(
@@ -88,8 +88,7 @@ std::vector<xkb_keycode_t> keysHolding(xkb_keymap* keymap, xkb_mod_mask_t held)
 {
     std::vector<xkb_keycode_t> keys;
     for (const auto& known : modifierKeys) {
-        const auto index = xkb_keymap_mod_get_index(keymap, known.xkbModifier);
-        if (index == XKB_MOD_INVALID || (held & (xkb_mod_mask_t { 1 } << index)) == 0)
+        if ((held & maskOf(keymap, known.modifier)) == 0)
             continue;
         for (const auto* const name : known.keys)
             if (const auto key = xkb_keymap_key_by_name(keymap, name); key != XKB_KEYCODE_INVALID)

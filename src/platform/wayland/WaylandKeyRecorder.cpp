@@ -1,42 +1,15 @@
 #include "platform/wayland/WaylandKeyRecorder.h"
 
+#include "platform/wayland/XkbModifiers.h"
 #include "platform/x11/KeyPositions.h"
 #include "platform/x11/KeySymbols.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace korvane {
 
 namespace {
-
-    struct NamedModifier {
-        ModifierMask modifier;
-        const char* xkbModifier;
-    };
-
-    constexpr auto namedModifiers = std::to_array<NamedModifier>({
-        { modifiers::control, XKB_MOD_NAME_CTRL },
-        { modifiers::option, XKB_MOD_NAME_ALT },
-        { modifiers::shift, XKB_MOD_NAME_SHIFT },
-        { modifiers::command, XKB_MOD_NAME_LOGO },
-    });
-
-    xkb_mod_mask_t maskOf(xkb_keymap* keymap, const char* modifier)
-    {
-        const auto index = xkb_keymap_mod_get_index(keymap, modifier);
-        return index == XKB_MOD_INVALID ? 0 : xkb_mod_mask_t { 1 } << index;
-    }
-
-    ModifierMask modifiersIn(xkb_keymap* keymap, xkb_mod_mask_t state)
-    {
-        ModifierMask mask = 0;
-        for (const auto& named : namedModifiers)
-            if ((state & maskOf(keymap, named.xkbModifier)) != 0)
-                mask |= named.modifier;
-        return mask;
-    }
 
     std::optional<KeyCode> positionOf(xkb_keymap* keymap, xkb_keycode_t key)
     {

@@ -18,7 +18,7 @@ Connection keepInStep(
     Switch& control, Preferences& preferences, std::string_view key, bool whenAbsent);
 
 /// The same for a picker.
-/// @param shown  which of its values the preferences stand for now
+/// @param shown  which of its values the preferences hold at present
 Connection keepInStep(SegmentedPicker& control, Preferences& preferences, std::string_view key,
     std::function<std::string(const Preferences&)> shown);
 
